@@ -1,0 +1,322 @@
+// CNVX3DComputation: the exported parameter object of a 3D injection-molding
+// project. A host creates one per project, loads it from the project's KRN file
+// (LoadKRNFile), reads and changes parameters through the accessors below, and
+// writes them back as a KRN file (WriteKRNFile) and into the project's RSV file
+// (WriteRSVFile).
+//
+// Conventions: setters store any value and never validate. Getters come in
+// three shapes: the value as the result; the value through a reference plus an
+// int or bool result (which is not a status in general: each block says what
+// it is); the value through a reference with no result. A list index outside
+// the list throws std::out_of_range("invalid vector<T> subscript").
+//
+// Accessors are grouped by KRN section, one block per tag.
+#ifndef NVX_API_NVX3DCOMPUTATION_H_
+#define NVX_API_NVX3DCOMPUTATION_H_
+
+#include <string>
+
+#include "NVXData.h"
+#include "NVXHostHooks.h"
+
+class CNVX3DComputationImpl;
+
+class NVX_API CNVX3DComputation {
+ public:
+  // ---- Lifecycle, loading and writing -------------------------------------
+  CNVX3DComputation();
+  ~CNVX3DComputation();
+  // Copies every member as it stands, the implementation pointer included: the
+  // two objects then share one implementation object, and only one of them may
+  // be destroyed. This shallow copy is what hosts rely on.
+  CNVX3DComputation& operator=(const CNVX3DComputation& other);
+  CNVX3DComputation(const CNVX3DComputation&) = delete;
+
+  // The main load: takes over the description, resets every section to the
+  // defaults of the model kind, then reads the project's KRN file (or the
+  // per-user template when the file is missing). False only when the file
+  // exists and the description is invalid.
+  bool LoadKRNFile(NVXData data);
+  // Reads a plain KRN file into the sections; false when it does not exist.
+  bool LoadKRNFile(const char* path);
+  bool IsFileExists();
+  // Writes the KRN file with the writer of the load mode; with asTemplate 1 (or
+  // in template mode) also the per-user template, whose result is returned.
+  // A file that cannot be opened for writing ends the process with status 1.
+  bool WriteKRNFile(std::string path, int asTemplate);
+  bool WriteKrnAsTemplate();
+  void CanAddPage();
+  void SetHasTemplateMode(bool templateMode);
+  bool GetIsTemplateMode();
+  void SetRSVFilePath(std::string path);
+  bool ReadRSVFile();
+  bool WriteRSVFile();
+
+  // ---- Generic members -----------------------------------------------------
+  int GetMode();
+  void SetMode(int mode);
+  int GetDefaultMode();
+  void SetDefaultMode(int mode);
+  int GetFlowSolver();
+  void SetFlowSolver(int solver);
+  double GetAccurencyPerferenceFlowSolver();
+  void SetAccurencyPerferenceFlowSolver(double accuracy);
+  // Returns 0 and resets the stored criterion to 0: a getter that clears.
+  int GetCriterionForStoppingCalculation();
+  void SetCriterionForStoppingCalculation(int criterion);
+  void SetCriterionForStoppingCalculationByFillPercentage(double percentage, int option);
+  void GetCriterionForStoppingCalculationByFillPercentage(double& percentage, int& option);
+  void SetCriterionForStoppingCalculationByUnFilledElementCount(int count);
+  void GetCriterionForStoppingCalculationByUnFilledElementCount(int& count);
+  int GetEstimateRequireCoolingTime();
+  void SetEstimateRequireCoolingTime(int estimate);
+  // Output-time pages: 0 fill, 1 pack (other pages: setters do nothing,
+  // getters return 0). GetTimeSteps returns the count.
+  void SetTimeSteps(int page, int count);
+  int GetTimeSteps(int& page);
+  void SetTimeStepValue(int page, int index, double value);
+  double GetTimeStepValue(int page, int index);
+
+  // ---- <SUMMARY> -------------------------------------------------------------
+  // Getters return 1, except GetSummaryVersion, which returns the version.
+  int GetSummaryFile(std::wstring& file);
+  void SetSummaryFile(std::wstring file);
+  int GetSummaryVersion(int& version);
+  void SetSummaryVersion(int version);
+  int GetSummaryCreater(std::string& creater);
+  void SetSummaryCreater(std::string creater);
+  int GetSummaryTime(std::string& time);
+  void SetSummaryTime(std::string time);
+  int GetSummaryFlag3D(bool& flag);
+  void SetSummaryFlag3D(bool flag);
+  int GetSummaryFlagFill(bool& flag);
+  void SetSummaryFlagFill(bool flag);
+  int GetSummaryFlagHRSteady(bool& flag);
+  void SetSummaryFlagHRSteady(bool flag);
+  int GetSummaryFlagPack(bool& flag);
+  void SetSummaryFlagPack(bool flag);
+  int GetSummaryFlagCool(bool& flag);
+  void SetSummaryFlagCool(bool flag);
+  int GetSummaryFlagWarp(bool& flag);
+  void SetSummaryFlagWarp(bool flag);
+  int GetSummaryFlagOptic(bool& flag);
+  void SetSummaryFlagOptic(bool flag);
+  int GetSummaryFlagICPackage(bool& flag);
+  void SetSummaryFlagICPackage(bool flag);
+  int GetSummaryFlagMCM(bool& flag);
+  void SetSummaryFlagMCM(bool flag);
+  int GetSummaryFlagStress(bool& flag);
+  void SetSummaryFlagStress(bool flag);
+  int GetSummaryFlagTaskManager(bool& flag);
+  void SetSummaryFlagTaskManager(bool flag);
+
+  // ---- <SHELL_FILL> ----------------------------------------------------------
+  // Rows 1 to 4 share their fields (and their getters) with <SOLID_FILL>.
+  // Getters return true.
+  bool GetShellFillVersion(int& version);
+  void SetShellFillVersion(int version);
+  bool GetShellFillIDSolver(int& solver);
+  void SetShellFillIDSolver(int solver);
+  bool GetShellFillSolverAcceleration(int& flag);
+  void SetShellFillSolverAcceleration(int flag);
+  bool GetShellFillEstimateFiber(int& flag);
+  // Also sets the warpage and stress fiber-effect flags.
+  void SetShellFillEstimateFiber(int flag);
+  bool GetShellFillValueNoFlowLayer(int& layers);
+  void SetShellFillValueNoFlowLayer(int layers);
+
+  // ---- <SHELL_PACK> ----------------------------------------------------------
+  // The pack trio, shared with <SOLID_PACK>. Getters return 1.
+  int GetShellPackVersion(int& version);
+  void SetShellPackVersion(int version);
+  int GetShellPackidSolver(int& solver);
+  void SetShellPackidSolver(int solver);
+  int GetShellPackFlagAcceleration(int& flag);
+  void SetShellPackFlagAcceleration(int flag);
+
+  // ---- <SOLID_FILL> ----------------------------------------------------------
+  // Getters with a reference return 1, except the four fill-trio getters (true).
+  bool GetSolidFillVersion(int& version);
+  void SetSolidFillVersion(int version);
+  bool GetSolidFillIDSolver(int& solver);
+  void SetSolidFillIDSolver(int solver);
+  int GetSolidFillIDAnalysisMode(int& mode);
+  // Mode 0 sets the non-isothermal, viscous-heating, non-Newtonian and
+  // stabilizer flags to 1; mode 1 clears the first two.
+  void SetSolidFillIDAnalysisMode(int mode);
+  int GetSolidFillIDEfficiencyFactor(double& factor);
+  void SetSolidFillIDEfficiencyFactor(double factor);
+  int GetSolidFillIDFiberEfficiencyFactor(int& factor);
+  void SetSolidFillIDFiberEfficiencyFactor(int factor);
+  bool GetSolidFillSolverAcceleration(int& flag);
+  void SetSolidFillSolverAcceleration(int flag);
+  int GetSolidFillFlagInertia(bool& flag);
+  void SetSolidFillFlagInertia(bool flag);
+  int GetSolidFillFlagNonIsothermal(int& flag);
+  void SetSolidFillFlagNonIsothermal(int flag);
+  int GetSolidFillFlagNonNewtonian(int& flag);
+  void SetSolidFillFlagNonNewtonian(int flag);
+  int GetSolidFillFlagViscousHeating(int& flag);
+  void SetSolidFillFlagViscousHeating(int flag);
+  int GetSolidFillFlagStabilizer(int& flag);
+  void SetSolidFillFlagStabilizer(int flag);
+  int GetSolidFillFlagCompressibleFlow(int& flag);
+  void SetSolidFillFlagCompressibleFlow(int flag);
+  int GetSolidFillFlagEstimateCoolTime(int& flag);
+  void SetSolidFillFlagEstimateCoolTime(int flag);
+  bool GetSolidFillEstimateFiber(int& flag);
+  // Both also set the warpage and stress fiber-effect flags.
+  void SetSolidFillEstimateFiber(int flag);
+  void SetMaterialHasFiber(int flag);
+  int GetFlagEstimateCrystall();
+  void SetFlagEstimateCrystall(int flag);
+  void SetMaterialCrystall(int flag);
+  int GetSolidFillFlagStopPackingAfterGateFreeze(int& flag);
+  void SetSolidFillFlagStopPackingAfterGateFreeze(int flag);
+  int GetSolidFillFlagGateFreezeByTemperature(int& flag);
+  void SetSolidFillFlagGateFreezeByTemperature(int flag);
+  int GetSolidFillValueGateFreezeByTemperature(double& value);
+  void SetSolidFillValueGateFreezeByTemperature(double value);
+  int GetSolidFillFlagGateFreezeByFlowRate(int& flag);
+  void SetSolidFillFlagGateFreezeByFlowRate(int flag);
+  int GetSolidFillValueGateFreezeByFlowRate(double& value);
+  void SetSolidFillValueGateFreezeByFlowRate(double value);
+  int GetSolidFillFlagGateFreezeByWeightDeviation(int& flag);
+  void SetSolidFillFlagGateFreezeByWeightDeviation(int flag);
+  int GetSolidFillValueGateFreezeByWeightDeviation(double& value);
+  void SetSolidFillValueGateFreezeByWeightDeviation(double value);
+  // Flag/value pairs of the three gate-freeze criteria; without an
+  // implementation object they do nothing.
+  void GetFreezeTemperature(int& flag, double& value);
+  void SetFreezeTemperature(int flag, double value);
+  void GetFlowRate(int& flag, double& value);
+  void SetFlowRate(int flag, double value);
+  void GetPartWeightDeviation(int& flag, double& value);
+  void SetPartWeightDeviation(int flag, double value);
+  int GetSolidFillFlagOutputTecplot(int& flag);
+  void SetSolidFillFlagOutputTecplot(int flag);
+  int GetSolidFillFlagOutputFEMAP(int& flag);
+  void SetSolidFillFlagOutputFEMAP(int flag);
+  int GetSolidFillFlagOutputHyperMesh(int& flag);
+  void SetSolidFillFlagOutputHyperMesh(int flag);
+  int GetSolidFillFlagOutputHyperMeshAvi(int& flag);
+  void SetSolidFillFlagOutputHyperMeshAvi(int flag);
+  int GetSolidFillUseTemperatureDLL(int& flag);
+  void SetSolidFillUseTemperatureDLL(int flag);
+  int GetSolidFillValueGravityX(double& value);
+  void SetSolidFillValueGravityX(double value);
+  int GetSolidFillValueGravityY(double& value);
+  void SetSolidFillValueGravityY(double value);
+  int GetSolidFillValueGravityZ(double& value);
+  void SetSolidFillValueGravityZ(double value);
+  int GetSolidFillValueEOFPercent(double& fraction);
+  void SetSolidFillValueEOFPercent(double fraction);
+  int GetSolidFillValueUIEOFPercent(double& fraction);
+  void SetSolidFillValueUIEOFPercent(double fraction);
+  int GetSolidFillFlagExcludeRunnerEOFPercent(int& flag);
+  void SetSolidFillFlagExcludeRunnerEOFPercent(int flag);
+  int GetSolidFillValueUnFilledElement(int& count);
+  void SetSolidFillValueUnFilledElement(int count);
+  int GetSolidFillIDStopCalculateCriterionType(int& type);
+  void SetSolidFillIDStopCalculateCriterionType(int type);
+  int GetSolidFillFlagVentingAnalysis(int& flag);
+  void SetSolidFillFlagVentingAnalysis(int flag);
+  int GetSolidFIllVentingTemperature(double& temperature);
+  void SetSolidFillVentingTemperature(double temperature);
+  int GetSolidFIllVentingPressure(double& pressure);
+  void SetSolidFIllVentingPressure(double pressure);
+  int GetSolidFIllFlagCoreShiftMethod(int& method);
+  void SetSolidFIllFlagCoreShiftMethod(int method);
+  void GetStressSolverVolume(double& volume);
+  void SetStressSolverVolume(double volume);
+  int GetFlowParticleTracer(int& flag);
+  void SetFlowParticleTracer(int flag);
+  int GetFlowParticleTracerGroupCount(int& groups);
+  void SetFlowParticleTracerGroupCount(int groups);
+  int GetSolidFillFlagFlowVECoupling(int& flag);
+  void SetSolidFillFlagFlowVECoupling(int flag);
+  int GetWeldLineParticle();
+  void SetWeldLineParticle(int flag);
+  int GetFlagFlowEfficiencyFactor();
+  void SetFlagFlowEfficiencyFactor(int flag);
+  int GetFlag2WayPaddleShiftMethod();
+  void SetFlag2WayPaddleShiftMethod(int flag);
+  bool GetSolidFillFlagConsiderIMDBC();
+  void SetSolidFillFlagConsiderIMDBC(bool flag);
+
+  // Crystallization parameters (memory only, in no file).
+  void GetCrystalLineVersion(int& version);
+  void SetCrystalLineVersion(int version);
+  void GetFlagCrystalline(int& flag);
+  void SetFlagCrystalline(int flag);
+  void GetCrystalLineFlafModeling(int& flag);
+  void SetCrystalLineFlafModeling(int flag);
+  void GetdInduction_TimeM(double& value);
+  void SetdInduction_TimeM(double value);
+  void GetInduction_Alpha(double& value);
+  void SetInduction_Alpha(double value);
+  void GetHalfCrystall_Time_0(double& value);
+  void SetHalfCrystall_Time_0(double value);
+  void GetCrystallPara_n(double& value);
+  void SetCrystallPara_n(double value);
+  void GetSpherulite_GrowthRate(double& value);
+  void SetSpherulite_GrowthRate(double value);
+  void GetBalance_Tm0(double& value);
+  void SetBalance_Tm0(double value);
+  void GetDTg(double& value);
+  void SetDTg(double value);
+  void GetShift_C1(double& value);
+  void SetShift_C1(double value);
+  void GetShift_C2(double& value);
+  void SetShift_C2(double value);
+
+  // ---- <SOLID_PACK> ----------------------------------------------------------
+  // Rows 1 to 3 are the pack trio shared with <SHELL_PACK>. Getters return 1.
+  int GetSolidPackVersion(int& version);
+  void SetSolidPackVersion(int version);
+  int GetSolidPackidSolver(int& solver);
+  void SetSolidPackidSolver(int solver);
+  int GetSoliodPackFlagSovlerAcceleration(int& flag);
+  void SetSoliodPackFlagSovlerAcceleration(int flag);
+  void GetPackFlagExPackingCalculation(int& flag);
+  void SetPackFlagExPackingCalculation(int flag);
+  int GetFlagexPackingType();
+  void SetFlagexPackingType(int type);
+
+  // ---- <FILL_OUTPUT_TIMES> ---------------------------------------------------
+  // Getters return 1. Indices are 0-based and bounds-tested.
+  int GetFillOutputTimesSectionVersion(int& version);
+  void SetFillOutputTimesSectionVersion(int version);
+  int GetFillOutputTimesSectionFlagAutoLoadIntermediateResult(int& flag);
+  void SetFillOutputTimesSectionFlagAutoLoadIntermediateResult(int flag);
+  int GetFillOutputTimesSectionFillMultiOutputType(int& type);
+  void SetFillOutputTimesSectionFillMultiOutputType(int type);
+  int GetFillOutputTimesSectionValueCheckIntermediteTimeSpan(double& span);
+  void SetFillOutputTimesSectionValueCheckIntermediteTimeSpan(int span);
+  int GetFillOutputTimesSectionFillTimeSteps(int& count);
+  // Appends zeros or drops times from the end by the difference to the
+  // stored count, then stores the count.
+  void SetFillOutputTimesSectionFillTimeSteps(int count);
+  int GetFillOutputTimesSectionFillTimeStepsValue(int index, double& time);
+  void SetFillOutputTimesSectionFillTimeStepsValue(int index, double time);
+
+  // ---- <PACK_OUTPUT_TIMES> ---------------------------------------------------
+  int GetPackOutputTimeVersion(int& version);
+  void SetPackOutputTimeVersion(int version);
+  // Fills the count; its result means nothing.
+  int GetPackOutputTimesSectionFillTimeSteps(int& count);
+  void SetPackOutputTimesSectionFillTimeSteps(int count);
+  int GetPackOutputTimesSectionFillTimeStepsValue(int index, double& time);
+  void SetPackOutputTimesSectionFillTimeStepsValue(int index, double time);
+
+ private:
+  // Page-availability flags, copied from the implementation object.
+  bool m_bPageAvailable[11];
+  bool m_bSolidFillRead;
+  bool m_bShellFillRead;
+  bool m_bTemplateMode;
+  CNVX3DComputationImpl* m_pImpl;
+  char m_szDefaultTemplate[512];
+};
+
+#endif  // NVX_API_NVX3DCOMPUTATION_H_

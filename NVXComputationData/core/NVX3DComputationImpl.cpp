@@ -1,0 +1,160 @@
+// Construction, loading and the default reset of the implementation object.
+#include "core/NVX3DComputationImpl.h"
+
+#include <algorithm>
+#include <new>
+
+#include "NVXPlatform.h"
+#include "krn/KRNSectionIO.h"
+
+namespace {
+
+template <typename T>
+void Create(std::unique_ptr<T>& slot) {
+  if (!slot) slot.reset(new (std::nothrow) T());
+}
+
+// The per-user template's file name beside the per-user directory.
+constexpr char kUserTemplateName[] = "/KRNTemplate.krn";
+
+}  // namespace
+
+CNVX3DComputationImpl::CNVX3DComputationImpl() {
+  CNVX3DSectionTable& s = sections;
+  // Slots 0 to 16, then 19 and 21, then 17, 18 and 20.
+  Create(s.document);
+  Create(s.placeholder);
+  Create(s.summary);
+  Create(s.fillPack);
+  Create(s.cool);
+  Create(s.warp);
+  Create(s.stress);
+  Create(s.optic);
+  Create(s.ic);
+  Create(s.ve);
+  Create(s.mcm);
+  Create(s.computingManager);
+  Create(s.taskManager);
+  Create(s.remoteMachines);
+  Create(s.longFiber);
+  Create(s.foaming);
+  Create(s.partInsert);
+  Create(s.slip);
+  Create(s.hrSteady);
+  Create(s.veStress);
+  Create(s.veWarp);
+  Create(s.veCuring);
+  Create(crystal);
+  processorCount = nvx::platform::LogicalProcessorCount();
+}
+
+int CNVX3DComputationImpl::TakeOver(const NVXData& d) {
+  if (d.LoadMode >= 4) return -1;
+  if (d.KRNFilePath.empty()) return -2;
+  if (d.ModelKind >= 4) return -4;
+  if (d.AnalysisType < 0) return -5;
+  loadMode = d.LoadMode;
+  krnPath = nvx::platform::NarrowToWide(d.KRNFilePath);
+  modelKind = d.ModelKind;
+  analysisType = d.AnalysisType;
+  stateLongFiber = d.HasLongFiberSettings;
+  stateFoaming = d.HasFoamingSettings;
+  freezeTemperature = std::max(0.0, d.EjectionTemperature);
+  freezeFlowRateRatio = std::max(0.0, std::min(1.0, d.FreezeFlowRateRatio));
+  ComputePages();
+  return 1;
+}
+
+void CNVX3DComputationImpl::ComputePages() {
+  const bool shell = modelKind == 1;
+  pages.fill(!shell);
+  pages[kPageFill] = pages[kPagePack] = pages[kPageCool] = pages[kPageWarp] = true;
+  pages[kPageComputing] = true;
+  pages[kPageFiber] = data.MaterialHasFiber || stateLongFiber;
+  pages[kPageFoaming] = stateFoaming;
+}
+
+void CNVX3DComputationImpl::ResetToDefaults() {
+  const bool shell = modelKind == 1;
+  if (sections.summary) nvx::ApplySummaryPreset(*sections.summary, shell);
+  if (sections.fillPack) nvx::ResetFillPack(*sections.fillPack);
+}
+
+void CNVX3DComputationImpl::ApplyDataAdjustments() {
+  // A start value of 0 means the host gave none: the section default stays.
+  if (CNVX3DFillPackTimeSteps* fp = sections.fillPack.get()) {
+    if (freezeTemperature > 0.0) fp->ValueGateFreezeByTemperature = freezeTemperature;
+    if (freezeFlowRateRatio > 0.0) fp->ValueGateFreezeByFlowRate = freezeFlowRateRatio;
+  }
+}
+
+void CNVX3DComputationImpl::ApplyStressTimeAdjustments() {
+  // The stress record carries no times yet.
+}
+
+bool CNVX3DComputationImpl::ReadKrn(const std::string& path) {
+  CNVX3DKRNDocument* doc = sections.document.get();
+  if (doc == nullptr) return false;
+  if (!doc->Scan(path)) return true;
+  for (std::size_t i = 0; i < nvx::kKrnTagCount; ++i) {
+    const auto tag = static_cast<nvx::KrnTag>(i);
+    const nvx::SectionDef* def = nvx::FindSection(tag);
+    if (def != nullptr && doc->IsPresent(tag)) nvx::ReadKrnSection(*def, doc->Body(tag), *this);
+  }
+  return true;
+}
+
+bool CNVX3DComputationImpl::Load(const NVXData& d) {
+  data = d;
+  const int code = TakeOver(d);
+  ResetToDefaults();
+
+  if (!nvx::platform::FileExists(d.KRNFilePath)) {
+    // No project file: start from the per-user template or the defaults. The
+    // validation result does not matter on this path.
+    if (UserTemplateExists()) {
+      ReadKrn(userTemplatePath);
+      ApplyDataAdjustments();
+      ApplyStressTimeAdjustments();
+    } else {
+      ResetToDefaults();
+      ApplyDataAdjustments();
+    }
+    return true;
+  }
+  if (code < 1) return false;
+
+  switch (loadMode) {
+    case 0:
+    case -1:
+      fileExists = nvx::platform::FileExists(d.KRNFilePath);
+      if (fileExists) {
+        krnPath = nvx::platform::NarrowToWide(d.KRNFilePath);
+        ReadKrn(d.KRNFilePath);
+      } else {
+        ResetToDefaults();
+      }
+      break;
+    case 1:
+    case 2:
+      ResetToDefaults();
+      break;
+    default:
+      break;
+  }
+  ApplyStressTimeAdjustments();
+  return true;
+}
+
+std::string CNVX3DComputationImpl::UserTemplatePath() const {
+  char dir[260] = {};
+  if (!NVXGetReleaseVersionCurUserDirectory(dir, sizeof dir)) return {};
+  std::string path = dir;
+  if (path.size() + sizeof kUserTemplateName > sizeof dir) return {};
+  return path + kUserTemplateName;
+}
+
+bool CNVX3DComputationImpl::UserTemplateExists() {
+  userTemplatePath = UserTemplatePath();
+  return !userTemplatePath.empty() && nvx::platform::FileExists(userTemplatePath);
+}

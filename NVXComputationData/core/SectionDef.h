@@ -1,0 +1,28 @@
+// SectionDef: what the generic readers and writers need to know about one KRN
+// section: its tag, its RSV table, its keys and the few hooks of its quirks.
+#ifndef NVX_CORE_SECTIONDEF_H_
+#define NVX_CORE_SECTIONDEF_H_
+
+#include "core/KeyTable.h"
+#include "krn/KRNTags.h"
+
+namespace nvx {
+
+class KrnStream;
+
+struct SectionDef {
+  KrnTag tag;
+  // The section's RSV table, or nullptr for a section that lives only in KRN.
+  const char* rsvTable;
+  // The keys bound to the fields of `impl`'s records, in KRN writer order.
+  KeyList (*keys)(CNVX3DComputationImpl& impl);
+  // Stream settings the writer applies before the opening tag.
+  void (*beforeOpenTag)(KrnStream& out) = nullptr;
+};
+
+// The section of `tag`, or nullptr while the section has no records yet.
+const SectionDef* FindSection(KrnTag tag);
+
+}  // namespace nvx
+
+#endif  // NVX_CORE_SECTIONDEF_H_

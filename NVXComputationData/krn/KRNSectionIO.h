@@ -1,0 +1,32 @@
+// The generic section reader and writer: they walk a section's key list.
+#ifndef NVX_KRN_KRNSECTIONIO_H_
+#define NVX_KRN_KRNSECTIONIO_H_
+
+#include "core/SectionDef.h"
+#include "krn/KRNDocument.h"
+#include "krn/KRNStream.h"
+
+namespace nvx {
+
+// Reads the section's stored lines into its record. Keys are matched exactly;
+// unknown keys and free lines are skipped; a missing key leaves its field.
+//
+// A count key (kTimes) takes the next N lines as its item lines, whatever
+// they hold, ignores the number before the "=" and converts the one after it.
+// A malformed count never reads past the section: when fewer than N lines are
+// left before the closing tag, the remaining lines are taken and the count
+// becomes the number of lines taken, so count and list stay in step. A count of
+// 0 or less takes no line, empties the list and is stored as it stands.
+void ReadKrnSection(const SectionDef& def, LineSpan body, CNVX3DComputationImpl& impl);
+
+// Writes the opening tag, the key lines in list order, the closing tag.
+// `templateWriting` adds the keys that only the per-user template carries.
+void WriteKrnSection(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
+                     bool templateWriting);
+
+// Converts one value token into the key's field, as the KRN reader does.
+void StoreKrnValue(const Key& key, std::string_view value);
+
+}  // namespace nvx
+
+#endif  // NVX_KRN_KRNSECTIONIO_H_

@@ -1,0 +1,32 @@
+// Exported platform functions a host may call or replace: the per-user
+// directory of the current release and the handlers of message boxes and
+// debugger text.
+#ifndef NVX_PLATFORM_NVXHOSTHOOKS_H_
+#define NVX_PLATFORM_NVXHOSTHOOKS_H_
+
+#if defined(_WIN32) && defined(NVX_BUILDING_ENGINE)
+#define NVX_API __declspec(dllexport)
+#elif defined(_WIN32)
+#define NVX_API __declspec(dllimport)
+#else
+#define NVX_API __attribute__((visibility("default")))
+#endif
+
+// Writes the per-user directory of the current release into `buffer` (of
+// `size` bytes, NUL-terminated) and creates it when missing. The directory is
+// "<config>/NVXComputationEngine/<release>", where <config> is $XDG_CONFIG_HOME,
+// or $HOME/.config when that is unset. Returns false when neither variable is
+// set, the path does not fit `size` (at most 259 characters for the usual 260),
+// or the directory cannot be created.
+NVX_API bool NVXGetReleaseVersionCurUserDirectory(char* buffer, int size);
+
+// Host hooks. A message box or a debugger text of the library goes to the
+// installed handler; the default handlers print to standard error. Passing
+// nullptr restores the default. Handlers are process-wide; install them before
+// the library is used from several threads.
+using NVXMessageBoxHandler = void (*)(const char* text, const char* caption);
+using NVXDebugOutputHandler = void (*)(const char* text);
+NVX_API void NVXSetMessageBoxHandler(NVXMessageBoxHandler handler);
+NVX_API void NVXSetDebugOutputHandler(NVXDebugOutputHandler handler);
+
+#endif  // NVX_PLATFORM_NVXHOSTHOOKS_H_
