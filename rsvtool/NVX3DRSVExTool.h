@@ -22,8 +22,8 @@
 //    (an empty block is stored as a null-dataspace uint8 attribute).
 //  * An array is a chunked dataset with unlimited maximum dimensions (rows, cols)
 //    and the attribute "NVXObject" = "ARRAY". Element type codes: 3 = 32-bit
-//    signed int, 8 = double; any id returned by EndCreateCompoundDataType is
-//    accepted as well (a compound element type).
+//    signed int, 8 = double; any id returned by BeginCreateCompoundDataType whose
+//    definition has been ended is accepted as well (a compound element type).
 //  * Open() opens read-write and falls back to read-only. HDF5's automatic error
 //    printing is switched off while the tool is in use: an expected miss prints
 //    nothing.
@@ -132,6 +132,7 @@ class CRSVTool {
   CRSVTool& operator=(const CRSVTool&) = delete;
 
   // New file with group 1 and its child 7; fails (non-zero) if the file exists.
+  // Create and Open first close a file the tool still has open.
   int Create(const std::string& path, unsigned a, unsigned b, unsigned c);
   // Existing file, read-write or else read-only.
   int Open(const std::string& path);
@@ -139,6 +140,8 @@ class CRSVTool {
   void Close();
   bool IsReadOnly() const { return m_readOnly; }
 
+  // Open* return null when the object is missing or of another kind; Create*
+  // return null when the name is already taken.
   CRSVGroup* OpenGroup(int group);
   CRSVGroup* OpenGroup(int group, int child);
   CRSVGroup* OpenGroup(CRSVGroup* parent, std::string name);

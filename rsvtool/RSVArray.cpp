@@ -1,0 +1,70 @@
+// Two-dimensional arrays: chunked datasets whose extent can change.
+#include "NVX3DRSVExTool.h"
+#include "RSVHdf5.h"
+
+namespace NVX3DRSVExTool {
+
+using detail::Hid;
+
+CRSVArray::~CRSVArray() = default;
+
+namespace {
+
+// The in-memory element type: native int32 or double for those codes; otherwise
+// the stored compound type itself, so the caller's records keep the layout the
+// array was created with.
+Hid MemoryType(hid_t dataset, int elementType) {
+  if (elementType == kRSVTypeInt32) return detail::TypeId(H5Tcopy(H5T_NATIVE_INT32));
+  if (elementType == kRSVTypeDouble) return detail::TypeId(H5Tcopy(H5T_NATIVE_DOUBLE));
+  return detail::TypeId(H5Dget_type(dataset));
+}
+
+// Number of elements, or -1 when the dataset is not two-dimensional.
+hssize_t ElementCount(hid_t dataset) {
+  Hid space = detail::SpaceId(H5Dget_space(dataset));
+  if (!space.valid() || H5Sget_simple_extent_ndims(space.get()) != 2) return -1;
+  return H5Sget_simple_extent_npoints(space.get());
+}
+
+}  // namespace
+
+int CRSVArray::GetDimension(std::uint64_t* rows, std::uint64_t* cols) {
+  if (rows == nullptr || cols == nullptr || m_id < 0) return -1;
+  Hid space = detail::SpaceId(H5Dget_space(m_id));
+  hsize_t dims[2] = {0, 0};
+  if (!space.valid() || H5Sget_simple_extent_ndims(space.get()) != 2 ||
+      H5Sget_simple_extent_dims(space.get(), dims, nullptr) < 0) {
+    return -1;
+  }
+  *rows = dims[0];
+  *cols = dims[1];
+  return 0;
+}
+
+int CRSVArray::ResetDimension(std::uint64_t rows, std::uint64_t cols) {
+  if (m_id < 0) return -1;
+  const hsize_t dims[2] = {rows, cols};
+  return H5Dset_extent(m_id, dims) < 0 ? -1 : 0;
+}
+
+int CRSVArray::ReadArray(void* dst) {
+  if (m_id < 0) return -1;
+  const hssize_t count = ElementCount(m_id);
+  if (count < 0) return -1;
+  if (count == 0) return 0;
+  Hid memType = MemoryType(m_id, m_elementType);
+  if (dst == nullptr || !memType.valid()) return -1;
+  return H5Dread(m_id, memType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, dst) < 0 ? -1 : 0;
+}
+
+int CRSVArray::WriteArray(const void* src) {
+  if (m_id < 0) return -1;
+  const hssize_t count = ElementCount(m_id);
+  if (count < 0) return -1;
+  if (count == 0) return 0;
+  Hid memType = MemoryType(m_id, m_elementType);
+  if (src == nullptr || !memType.valid()) return -1;
+  return H5Dwrite(m_id, memType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, src) < 0 ? -1 : 0;
+}
+
+}  // namespace NVX3DRSVExTool

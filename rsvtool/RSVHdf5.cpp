@@ -1,0 +1,177 @@
+#include "RSVHdf5.h"
+
+#include <algorithm>
+#include <cstring>
+#include <mutex>
+#include <vector>
+
+namespace NVX3DRSVExTool {
+namespace detail {
+namespace {
+
+struct SilencerState {
+  std::mutex mutex;
+  int users = 0;
+  H5E_auto2_t savedFunc = nullptr;
+  void* savedData = nullptr;
+};
+
+SilencerState& Silencer() {
+  static SilencerState state;
+  return state;
+}
+
+Hid VariableStringType(H5T_cset_t cset) {
+  Hid type = TypeId(H5Tcopy(H5T_C_S1));
+  if (!type.valid() || H5Tset_size(type.get(), H5T_VARIABLE) < 0 ||
+      H5Tset_cset(type.get(), cset) < 0) {
+    return {};
+  }
+  return type;
+}
+
+}  // namespace
+
+ErrorSilencer::ErrorSilencer() {
+  SilencerState& s = Silencer();
+  std::lock_guard<std::mutex> lock(s.mutex);
+  if (s.users++ == 0) {
+    if (H5Eget_auto2(H5E_DEFAULT, &s.savedFunc, &s.savedData) < 0) {
+      s.savedFunc = nullptr;
+      s.savedData = nullptr;
+    }
+    H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
+  }
+}
+
+ErrorSilencer::~ErrorSilencer() {
+  SilencerState& s = Silencer();
+  std::lock_guard<std::mutex> lock(s.mutex);
+  if (--s.users == 0) H5Eset_auto2(H5E_DEFAULT, s.savedFunc, s.savedData);
+}
+
+bool IsLinkName(const std::string& name) {
+  return !name.empty() && name != "." && name.find('/') == std::string::npos;
+}
+
+Hid OpenChild(hid_t loc, const std::string& name, H5I_type_t kind) {
+  if (loc < 0 || !IsLinkName(name)) return {};
+  if (H5Lexists(loc, name.c_str(), H5P_DEFAULT) <= 0) return {};
+  // External links would silently open other files; only links inside this file count.
+  H5L_info_t info;
+  if (H5Lget_info(loc, name.c_str(), &info, H5P_DEFAULT) < 0 ||
+      (info.type != H5L_TYPE_HARD && info.type != H5L_TYPE_SOFT)) {
+    return {};
+  }
+  Hid object = ObjectId(H5Oopen(loc, name.c_str(), H5P_DEFAULT));
+  if (!object.valid() || H5Iget_type(object.get()) != kind) return {};
+  return object;
+}
+
+Hid OpenAttribute(hid_t object, const std::string& name) {
+  if (object < 0 || name.empty()) return {};
+  if (H5Aexists(object, name.c_str()) <= 0) return {};
+  return AttrId(H5Aopen(object, name.c_str(), H5P_DEFAULT));
+}
+
+int PutAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t space, hid_t memType,
+                 const void* buffer) {
+  if (object < 0 || name.empty() || fileType < 0 || space < 0 || memType < 0) return -1;
+  const bool nullSpace = H5Sget_simple_extent_type(space) == H5S_NULL;
+  if (!nullSpace && buffer == nullptr) return -1;
+
+  const htri_t exists = H5Aexists(object, name.c_str());
+  if (exists < 0) return -1;
+  if (exists > 0) {
+    Hid attr = OpenAttribute(object, name);
+    if (attr.valid()) {
+      Hid oldType = TypeId(H5Aget_type(attr.get()));
+      Hid oldSpace = SpaceId(H5Aget_space(attr.get()));
+      if (oldType.valid() && oldSpace.valid() && H5Tequal(oldType.get(), fileType) > 0 &&
+          H5Sextent_equal(oldSpace.get(), space) > 0) {
+        if (nullSpace) return 0;
+        return H5Awrite(attr.get(), memType, buffer) < 0 ? -1 : 0;
+      }
+    }
+    attr.Reset();
+    if (H5Adelete(object, name.c_str()) < 0) return -1;
+  }
+  Hid attr = AttrId(H5Acreate2(object, name.c_str(), fileType, space, H5P_DEFAULT, H5P_DEFAULT));
+  if (!attr.valid()) return -1;
+  if (nullSpace) return 0;
+  return H5Awrite(attr.get(), memType, buffer) < 0 ? -1 : 0;
+}
+
+bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
+                        std::initializer_list<H5T_class_t> classes, void* out) {
+  if (out == nullptr || memType < 0) return false;
+  Hid attr = OpenAttribute(object, name);
+  if (!attr.valid()) return false;
+  Hid type = TypeId(H5Aget_type(attr.get()));
+  Hid space = SpaceId(H5Aget_space(attr.get()));
+  if (!type.valid() || !space.valid()) return false;
+  // A scalar dataspace guarantees the read fills exactly one element of `out`.
+  if (H5Sget_simple_extent_type(space.get()) != H5S_SCALAR) return false;
+  const H5T_class_t cls = H5Tget_class(type.get());
+  if (std::find(classes.begin(), classes.end(), cls) == classes.end()) return false;
+
+  const size_t size = H5Tget_size(memType);
+  if (size == 0) return false;
+  std::vector<unsigned char> staging(size);
+  if (H5Aread(attr.get(), memType, staging.data()) < 0) return false;
+  std::memcpy(out, staging.data(), size);
+  return true;
+}
+
+int PutStringAttribute(hid_t object, const std::string& name, const std::string& text) {
+  Hid type = VariableStringType(H5T_CSET_UTF8);
+  Hid space = SpaceId(H5Screate(H5S_SCALAR));
+  if (!type.valid() || !space.valid()) return -1;
+  const char* data = text.c_str();
+  return PutAttribute(object, name, type.get(), space.get(), type.get(), &data);
+}
+
+bool GetStringAttribute(hid_t object, const std::string& name, std::string* text) {
+  if (text == nullptr) return false;
+  Hid attr = OpenAttribute(object, name);
+  if (!attr.valid()) return false;
+  Hid type = TypeId(H5Aget_type(attr.get()));
+  Hid space = SpaceId(H5Aget_space(attr.get()));
+  if (!type.valid() || !space.valid() || H5Tget_class(type.get()) != H5T_STRING ||
+      H5Sget_simple_extent_type(space.get()) != H5S_SCALAR) {
+    return false;
+  }
+  // The memory type keeps the stored character set so HDF5 needs no conversion.
+  const H5T_cset_t cset = H5Tget_cset(type.get());
+  const htri_t variable = H5Tis_variable_str(type.get());
+  if (cset < 0 || variable < 0) return false;
+
+  if (variable > 0) {
+    Hid memType = VariableStringType(cset);
+    char* data = nullptr;
+    if (!memType.valid() || H5Aread(attr.get(), memType.get(), &data) < 0) return false;
+    std::string value = data ? data : "";
+    H5free_memory(data);
+    *text = std::move(value);
+    return true;
+  }
+
+  const size_t size = H5Tget_size(type.get());
+  const H5T_str_t pad = H5Tget_strpad(type.get());
+  if (size == 0 || pad < 0) return false;
+  Hid memType = TypeId(H5Tcopy(type.get()));
+  std::vector<char> buffer(size + 1, '\0');
+  if (!memType.valid() || H5Aread(attr.get(), memType.get(), buffer.data()) < 0) return false;
+  std::string value(buffer.begin(), std::find(buffer.begin(), buffer.begin() + size, '\0'));
+  if (pad == H5T_STR_SPACEPAD) value.erase(value.find_last_not_of(' ') + 1);
+  *text = std::move(value);
+  return true;
+}
+
+bool HasMarker(hid_t object, const char* marker) {
+  std::string value;
+  return GetStringAttribute(object, kMarkerName, &value) && value == marker;
+}
+
+}  // namespace detail
+}  // namespace NVX3DRSVExTool

@@ -1,0 +1,109 @@
+// Internal helpers of the RSV tool: owned HDF5 identifiers and the attribute
+// reads and writes shared by tables, arrays and the tool. Not installed.
+#ifndef RSVTOOL_RSVHDF5_H_
+#define RSVTOOL_RSVHDF5_H_
+
+#include <hdf5.h>
+
+#include <initializer_list>
+#include <string>
+
+namespace NVX3DRSVExTool {
+namespace detail {
+
+// Attribute that tells tables and arrays apart from other datasets.
+constexpr const char* kMarkerName = "NVXObject";
+constexpr const char* kTableMarker = "TABLE";
+constexpr const char* kArrayMarker = "ARRAY";
+
+// An HDF5 identifier closed by the matching close function when it goes out of scope.
+class Hid {
+ public:
+  using Closer = herr_t (*)(hid_t);
+
+  Hid() = default;
+  Hid(hid_t id, Closer closer) : m_id(id), m_closer(closer) {}
+  Hid(Hid&& other) noexcept : m_id(other.m_id), m_closer(other.m_closer) {
+    other.m_id = H5I_INVALID_HID;
+  }
+  Hid& operator=(Hid&& other) noexcept {
+    if (this != &other) {
+      Reset();
+      m_id = other.m_id;
+      m_closer = other.m_closer;
+      other.m_id = H5I_INVALID_HID;
+    }
+    return *this;
+  }
+  Hid(const Hid&) = delete;
+  Hid& operator=(const Hid&) = delete;
+  ~Hid() { Reset(); }
+
+  hid_t get() const { return m_id; }
+  bool valid() const { return m_id >= 0; }
+  // Hands the identifier over to the caller, who closes it from then on.
+  hid_t Release() {
+    hid_t id = m_id;
+    m_id = H5I_INVALID_HID;
+    return id;
+  }
+  void Reset() {
+    if (m_id >= 0 && m_closer) m_closer(m_id);
+    m_id = H5I_INVALID_HID;
+  }
+
+ private:
+  hid_t m_id = H5I_INVALID_HID;
+  Closer m_closer = nullptr;
+};
+
+inline Hid TypeId(hid_t id) { return Hid(id, H5Tclose); }
+inline Hid SpaceId(hid_t id) { return Hid(id, H5Sclose); }
+inline Hid AttrId(hid_t id) { return Hid(id, H5Aclose); }
+inline Hid PlistId(hid_t id) { return Hid(id, H5Pclose); }
+inline Hid ObjectId(hid_t id) { return Hid(id, H5Oclose); }
+
+// Keeps HDF5's automatic error printing off while at least one instance lives;
+// the handler found by the first instance is restored when the last one goes.
+class ErrorSilencer {
+ public:
+  ErrorSilencer();
+  ~ErrorSilencer();
+  ErrorSilencer(const ErrorSilencer&) = delete;
+  ErrorSilencer& operator=(const ErrorSilencer&) = delete;
+};
+
+// A single link name: not empty, no path separator, not ".".
+bool IsLinkName(const std::string& name);
+
+// Opens the object `name` directly below `loc` when it exists, is reached through
+// a link inside this file and is of HDF5 kind `kind`; invalid otherwise.
+Hid OpenChild(hid_t loc, const std::string& name, H5I_type_t kind);
+
+// Opens attribute `name` of `object` when it exists; invalid otherwise.
+Hid OpenAttribute(hid_t object, const std::string& name);
+
+// Writes attribute `name` of `object` with the given file type and dataspace from
+// `buffer` in `memType` (nothing is written for a null dataspace). An attribute
+// of the same name is overwritten in place when its type and extent match, and
+// deleted and recreated otherwise. Returns 0 on success.
+int PutAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t space, hid_t memType,
+                 const void* buffer);
+
+// Reads a scalar attribute into `out` through `memType` when its type class is one
+// of `classes`; `out` is untouched on failure.
+bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
+                        std::initializer_list<H5T_class_t> classes, void* out);
+
+// Scalar string attributes; written as variable-length UTF-8, read from fixed or
+// variable-length strings.
+int PutStringAttribute(hid_t object, const std::string& name, const std::string& text);
+bool GetStringAttribute(hid_t object, const std::string& name, std::string* text);
+
+// Whether `object` carries the marker attribute with value `marker`.
+bool HasMarker(hid_t object, const char* marker);
+
+}  // namespace detail
+}  // namespace NVX3DRSVExTool
+
+#endif  // RSVTOOL_RSVHDF5_H_

@@ -1,0 +1,143 @@
+// Objects handed out by the tool and the items of tables (attributes of a
+// null-dataspace dataset).
+#include "NVX3DRSVExTool.h"
+#include "RSVHdf5.h"
+
+namespace NVX3DRSVExTool {
+
+using detail::Hid;
+
+static_assert(sizeof(int) == 4, "int items are stored as 32-bit integers");
+
+CRSVObject::~CRSVObject() {
+  if (m_id >= 0) H5Oclose(m_id);
+}
+
+CRSVGroup::~CRSVGroup() = default;
+CRSVTable::~CRSVTable() = default;
+
+namespace {
+
+// The marker belongs to the table itself and is never an item.
+bool IsItemName(const std::string& name) { return !name.empty() && name != detail::kMarkerName; }
+
+// bool items: the enum {FALSE = 0, TRUE = 1} over int8, which is how numpy bools
+// are commonly stored and read back.
+Hid BoolType() {
+  Hid type = detail::TypeId(H5Tenum_create(H5T_NATIVE_INT8));
+  if (!type.valid()) return {};
+  const signed char no = 0;
+  const signed char yes = 1;
+  if (H5Tenum_insert(type.get(), "FALSE", &no) < 0 ||
+      H5Tenum_insert(type.get(), "TRUE", &yes) < 0) {
+    return {};
+  }
+  return type;
+}
+
+int PutScalar(hid_t table, const std::string& name, hid_t fileType, hid_t memType,
+              const void* value) {
+  if (!IsItemName(name)) return -1;
+  Hid space = detail::SpaceId(H5Screate(H5S_SCALAR));
+  if (!space.valid()) return -1;
+  return detail::PutAttribute(table, name, fileType, space.get(), memType, value);
+}
+
+}  // namespace
+
+int CRSVTable::SetItem(const std::string& name, int value) {
+  return PutScalar(m_id, name, H5T_STD_I32LE, H5T_NATIVE_INT, &value);
+}
+
+int CRSVTable::SetItem(const std::string& name, double value) {
+  return PutScalar(m_id, name, H5T_IEEE_F64LE, H5T_NATIVE_DOUBLE, &value);
+}
+
+int CRSVTable::SetItem(const std::string& name, bool value) {
+  Hid type = BoolType();
+  if (!type.valid()) return -1;
+  const signed char stored = value ? 1 : 0;
+  return PutScalar(m_id, name, type.get(), type.get(), &stored);
+}
+
+int CRSVTable::SetItem(const std::string& name, const std::string& value) {
+  if (!IsItemName(name)) return -1;
+  return detail::PutStringAttribute(m_id, name, value);
+}
+
+int CRSVTable::SetItem(const std::string& name, std::uint64_t size, const void* bytes) {
+  if (!IsItemName(name) || (size > 0 && bytes == nullptr)) return -1;
+  const hsize_t dims[1] = {static_cast<hsize_t>(size)};
+  Hid space = detail::SpaceId(size == 0 ? H5Screate(H5S_NULL) : H5Screate_simple(1, dims, nullptr));
+  if (!space.valid()) return -1;
+  return detail::PutAttribute(m_id, name, H5T_STD_U8LE, space.get(), H5T_NATIVE_UINT8, bytes);
+}
+
+bool CRSVTable::GetItem(const std::string& name, int* value) {
+  if (value == nullptr || !IsItemName(name)) return false;
+  return detail::GetScalarAttribute(m_id, name, H5T_NATIVE_INT, {H5T_INTEGER, H5T_FLOAT}, value);
+}
+
+bool CRSVTable::GetItem(const std::string& name, double* value) {
+  if (value == nullptr || !IsItemName(name)) return false;
+  return detail::GetScalarAttribute(m_id, name, H5T_NATIVE_DOUBLE, {H5T_INTEGER, H5T_FLOAT}, value);
+}
+
+bool CRSVTable::GetItem(const std::string& name, bool* value) {
+  if (value == nullptr || !IsItemName(name)) return false;
+  Hid type = BoolType();
+  signed char stored = -1;
+  if (!type.valid() || !detail::GetScalarAttribute(m_id, name, type.get(), {H5T_ENUM}, &stored)) {
+    return false;
+  }
+  // An enum with other member names converts to an unmatched value; that is no bool.
+  if (stored != 0 && stored != 1) return false;
+  *value = stored == 1;
+  return true;
+}
+
+bool CRSVTable::GetItem(const std::string& name, std::string* value) {
+  if (value == nullptr || !IsItemName(name)) return false;
+  return detail::GetStringAttribute(m_id, name, value);
+}
+
+bool CRSVTable::GetItem(const std::string& name, std::uint64_t* size, const void** bytes) {
+  if (size == nullptr || bytes == nullptr || !IsItemName(name)) return false;
+  Hid attr = detail::OpenAttribute(m_id, name);
+  if (!attr.valid()) return false;
+  Hid type = detail::TypeId(H5Aget_type(attr.get()));
+  Hid space = detail::SpaceId(H5Aget_space(attr.get()));
+  if (!type.valid() || !space.valid() || H5Tget_class(type.get()) != H5T_INTEGER ||
+      H5Tget_size(type.get()) != 1) {
+    return false;
+  }
+  const H5S_class_t shape = H5Sget_simple_extent_type(space.get());
+  if (shape != H5S_NULL && !(shape == H5S_SIMPLE && H5Sget_simple_extent_ndims(space.get()) == 1)) {
+    return false;
+  }
+  const hssize_t count = shape == H5S_NULL ? 0 : H5Sget_simple_extent_npoints(space.get());
+  if (count < 0) return false;
+
+  // Always a real buffer, so callers may hand *bytes to memcpy even for an empty block.
+  const std::size_t length = static_cast<std::size_t>(count);
+  std::unique_ptr<unsigned char[]> buffer(new unsigned char[length > 0 ? length : 1]);
+  // Bytes are copied as stored; a signed byte type must not be clamped to unsigned.
+  const hid_t memType = H5Tget_sign(type.get()) == H5T_SGN_2 ? H5T_NATIVE_SCHAR : H5T_NATIVE_UCHAR;
+  if (length > 0 && H5Aread(attr.get(), memType, buffer.get()) < 0) return false;
+  m_bytes = std::move(buffer);
+  *size = length;
+  *bytes = m_bytes.get();
+  return true;
+}
+
+int CRSVTable::Flush() {
+  if (m_id < 0) return -1;
+  Hid file(H5Iget_file_id(m_id), H5Fclose);
+  unsigned intent = 0;
+  if (!file.valid() || H5Fget_intent(file.get(), &intent) < 0) return -1;
+  // A read-only file has nothing to commit.
+  if ((intent & H5F_ACC_RDWR) == 0) return 0;
+  return H5Fflush(m_id, H5F_SCOPE_LOCAL) < 0 ? -1 : 0;
+}
+
+}  // namespace NVX3DRSVExTool

@@ -1,0 +1,348 @@
+// Behaviour of the RSV tool on real files, checked through the tool itself, through
+// HDF5 directly (read-only sharing, open identifiers) and through h5dump.
+#include <gtest/gtest.h>
+#include <hdf5.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "NVX3DRSVExTool.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace NVX3DRSVExTool;
+
+struct Record {
+  std::int32_t id;
+  char value[128];
+};
+static_assert(sizeof(Record) == 132, "record layout of the report writer");
+
+class RsvToolTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    dir_ = fs::temp_directory_path() / ("rsvtool_" + std::to_string(getpid()) + "_" + info->name());
+    fs::remove_all(dir_);
+    fs::create_directories(dir_);
+  }
+  void TearDown() override { fs::remove_all(dir_); }
+
+  std::string PathOf(const std::string& name) const { return (dir_ / name).string(); }
+
+  // A file with every kind of object and item, written the way the library and the
+  // report writer use the tool.
+  std::string WriteSample(CRSVTool& tool) {
+    const std::string path = PathOf("sample.rsv");
+    EXPECT_EQ(tool.Create(path, 4, 1, 0), 0);
+    CRSVTable* table = tool.CreateTable(tool.CreateGroup(tool.OpenGroup(1), "Computation"), "Set");
+    const unsigned char blob[4] = {1, 2, 3, 250};
+    EXPECT_EQ(table->SetItem("Count", 41) + table->SetItem("Ratio", 0.25) +
+                  table->SetItem("Enabled", true) + table->SetItem("Name", "Mold A") +
+                  table->SetItem("Blob", sizeof blob, blob),
+              0);
+    const int id = tool.BeginCreateCompoundDataType(sizeof(Record));
+    EXPECT_GE(id, 0);
+    EXPECT_EQ(tool.AddCompoundDataTypeMember("ID", kRSVTypeInt32, 0), 0);
+    EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember("Value", 4, 128), 0);
+    EXPECT_EQ(tool.EndCreateCompoundDataType(), 0);
+    CRSVArray* result = tool.CreateArray(tool.OpenGroup(1, 7), "Result0", id, 41, 1);
+    std::vector<Record> rows(41);
+    for (int i = 0; i < 41; ++i) {
+      rows[i].id = i;
+      std::snprintf(rows[i].value, sizeof rows[i].value, "row %d", i);
+    }
+    EXPECT_EQ(result->WriteArray(rows.data()), 0);
+    return path;
+  }
+
+  fs::path dir_;
+};
+
+TEST_F(RsvToolTest, CreateMakesNumberedGroupsAndRefusesExistingFiles) {
+  const std::string path = PathOf("a.rsv");
+  {
+    CRSVTool tool;
+    ASSERT_EQ(tool.Create(path, 4, 1, 0), 0);
+    EXPECT_NE(tool.OpenGroup(1), nullptr);
+    EXPECT_NE(tool.OpenGroup(1, 7), nullptr);
+    EXPECT_EQ(tool.OpenGroup(1, 4), nullptr);
+    EXPECT_EQ(tool.OpenGroup(2), nullptr);
+    ASSERT_NE(tool.CreateGroup(tool.OpenGroup(1), "Computation"), nullptr);
+    EXPECT_NE(tool.OpenGroup(1, 4), nullptr);
+  }
+  CRSVTool tool;
+  EXPECT_NE(tool.Create(path, 4, 1, 0), 0);
+  ASSERT_EQ(tool.Open(path), 0);
+  EXPECT_FALSE(tool.IsReadOnly());
+  EXPECT_NE(tool.OpenGroup(1, 4), nullptr);
+}
+
+TEST_F(RsvToolTest, OtherFilesFailSilentlyAndAreNeverOverwritten) {
+  const std::string text = PathOf("notes.txt");
+  std::ofstream(text) << std::string(4096, 'x');
+  std::string truncated;
+  {
+    CRSVTool writer;
+    truncated = WriteSample(writer);
+  }
+  fs::resize_file(truncated, fs::file_size(truncated) / 2);
+
+  H5E_auto2_t handler = nullptr, handlerAfter = nullptr;
+  void *data = nullptr, *dataAfter = nullptr;
+  H5Eget_auto2(H5E_DEFAULT, &handler, &data);
+  {
+    CRSVTool tool;
+    ::testing::internal::CaptureStderr();
+    EXPECT_NE(tool.Open(text), 0);
+    EXPECT_NE(tool.Open(PathOf("missing.rsv")), 0);
+    EXPECT_NE(tool.Open(truncated), 0);
+    EXPECT_EQ(tool.OpenGroup(1), nullptr);
+    EXPECT_NE(tool.Create(text, 4, 1, 0), 0);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(fs::file_size(text), 4096u);
+  }
+  // The application's own error handler is back once the tool is gone.
+  H5Eget_auto2(H5E_DEFAULT, &handlerAfter, &dataAfter);
+  EXPECT_TRUE(handler != nullptr && handlerAfter == handler && dataAfter == data);
+}
+
+TEST_F(RsvToolTest, OpenFallsBackToReadOnly) {
+  CRSVTool writer;
+  const std::string path = WriteSample(writer);
+  writer.Close();
+  // HDF5 refuses a read-write open of a file this process holds read-only.
+  const hid_t held = H5Fopen(path.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT);
+  ASSERT_GE(held, 0);
+  {
+    CRSVTool tool;
+    ASSERT_EQ(tool.Open(path), 0);
+    EXPECT_TRUE(tool.IsReadOnly());
+    CRSVTable* table = tool.OpenTable(tool.OpenGroup(1, 4), "Set");
+    ASSERT_NE(table, nullptr);
+    int count = 0;
+    EXPECT_TRUE(table->GetItem("Count", &count) && count == 41);
+    EXPECT_NE(table->SetItem("Count", 1), 0);
+    EXPECT_EQ(table->Flush(), 0);
+  }
+  H5Fclose(held);
+}
+
+TEST_F(RsvToolTest, GroupsTablesAndArraysAreNotConfused) {
+  CRSVTool tool;
+  ASSERT_EQ(tool.Create(PathOf("a.rsv"), 4, 1, 0), 0);
+  CRSVGroup* group = tool.OpenGroup(1);
+  ASSERT_NE(tool.CreateTable(group, "Set"), nullptr);
+  ASSERT_NE(tool.CreateGroup(group, "Sub"), nullptr);
+  ASSERT_NE(tool.CreateArray(group, "Values", kRSVTypeDouble, 1, 1), nullptr);
+
+  EXPECT_EQ(tool.OpenGroup(group, "Set"), nullptr);
+  EXPECT_EQ(tool.OpenTable(group, "Sub"), nullptr);
+  EXPECT_EQ(tool.OpenTable(group, "Values"), nullptr);
+  EXPECT_EQ(tool.OpenArray(group, "Set"), nullptr);
+  EXPECT_NE(tool.OpenTable(group, "Set"), nullptr);
+  EXPECT_NE(tool.OpenGroup(group, "Sub"), nullptr);
+  EXPECT_EQ(tool.CreateTable(group, "Sub"), nullptr);
+  EXPECT_EQ(tool.CreateGroup(group, "Sub/Deeper"), nullptr);
+  EXPECT_EQ(tool.OpenTable(nullptr, "Set"), nullptr);
+  tool.CloseTable(nullptr);
+  tool.CloseGroup(group);
+  // A closed group is no longer the tool's and is refused, not used.
+  EXPECT_EQ(tool.OpenTable(group, "Set"), nullptr);
+}
+
+TEST_F(RsvToolTest, ItemsConvertBetweenNumbersAndReplaceAcrossTypes) {
+  CRSVTool tool;
+  ASSERT_EQ(tool.Create(PathOf("a.rsv"), 4, 1, 0), 0);
+  CRSVTable* table = tool.CreateTable(tool.OpenGroup(1), "Items");
+  ASSERT_EQ(table->SetItem("i", 42) + table->SetItem("d", 3.75) + table->SetItem("b", true) +
+                table->SetItem("s", "h\xC3\xA9llo"),
+            0);
+  int i = 0;
+  double d = 0;
+  bool b = false;
+  std::string s;
+  EXPECT_TRUE(table->GetItem("b", &b) && b);
+  EXPECT_TRUE(table->GetItem("s", &s) && s == "h\xC3\xA9llo");
+  EXPECT_TRUE(table->GetItem("i", &d) && d == 42.0);
+  EXPECT_TRUE(table->GetItem("d", &i) && i == 3);
+
+  // Text is no number, a number neither text nor bool; the target is left alone.
+  i = -1;
+  s = "kept";
+  EXPECT_FALSE(table->GetItem("s", &i) || table->GetItem("i", &s) || table->GetItem("i", &b) ||
+               table->GetItem("missing", &i));
+  EXPECT_TRUE(i == -1 && s == "kept" && b);
+
+  EXPECT_EQ(table->SetItem("i", std::string("now text")), 0);
+  EXPECT_FALSE(table->GetItem("i", &i));
+  EXPECT_TRUE(table->GetItem("i", &s) && s == "now text");
+  EXPECT_EQ(table->SetItem("s", false) + table->SetItem("d", 1.5), 0);
+  EXPECT_NE(table->SetItem("NVXObject", 1), 0);
+  EXPECT_TRUE(table->GetItem("s", &b) && !b);
+  EXPECT_TRUE(table->GetItem("d", &d) && d == 1.5);
+  EXPECT_EQ(table->Flush(), 0);
+}
+
+TEST_F(RsvToolTest, ByteBlocksOfAnySize) {
+  std::vector<unsigned char> large(1 << 20);
+  for (std::size_t k = 0; k < large.size(); ++k) large[k] = static_cast<unsigned char>(k * 31 + 7);
+  CRSVTool tool;
+  ASSERT_EQ(tool.Create(PathOf("a.rsv"), 4, 1, 0), 0);
+  CRSVTable* table = tool.CreateTable(tool.OpenGroup(1), "Blocks");
+  ASSERT_EQ(table->SetItem("large", large.size(), large.data()), 0);
+  ASSERT_EQ(table->SetItem("empty", 0, nullptr), 0);
+  EXPECT_NE(table->SetItem("broken", 5, nullptr), 0);
+
+  std::uint64_t size = 0;
+  const void* bytes = nullptr;
+  ASSERT_TRUE(table->GetItem("large", &size, &bytes));
+  ASSERT_EQ(size, large.size());
+  EXPECT_EQ(std::memcmp(bytes, large.data(), large.size()), 0);
+  EXPECT_TRUE(table->GetItem("empty", &size, &bytes) && size == 0 && bytes != nullptr);
+  int number = 0;
+  EXPECT_FALSE(table->GetItem("large", &number));
+}
+
+TEST_F(RsvToolTest, ArraysResizeAndKeepTheirElementType) {
+  const std::string path = PathOf("a.rsv");
+  CRSVTool tool;
+  ASSERT_EQ(tool.Create(path, 4, 1, 0), 0);
+  CRSVArray* ints = tool.CreateArray(tool.OpenGroup(1), "Ints", kRSVTypeInt32, 2, 3);
+  CRSVArray* reals = tool.CreateArray(tool.OpenGroup(1), "Reals", kRSVTypeDouble, 0, 5);
+  ASSERT_TRUE(ints && reals);
+  EXPECT_EQ(tool.CreateArray(tool.OpenGroup(1), "Bad", 5, 1, 1), nullptr);
+
+  const std::int32_t values[6] = {1, 2, 3, 4, 5, 6};
+  ASSERT_EQ(ints->WriteArray(values), 0);
+  EXPECT_NE(ints->ReadArray(nullptr), 0);
+  ASSERT_EQ(ints->ResetDimension(4, 3), 0);
+  std::uint64_t rows = 0, cols = 0;
+  EXPECT_TRUE(ints->GetDimension(&rows, &cols) == 0 && rows == 4 && cols == 3);
+  std::int32_t grown[12];
+  ASSERT_EQ(ints->ReadArray(grown), 0);
+  EXPECT_EQ(std::memcmp(grown, values, sizeof values), 0);
+  EXPECT_EQ(grown[11], 0);
+
+  // Zero rows: nothing to transfer, yet the array can grow later.
+  EXPECT_EQ(reals->WriteArray(nullptr) + reals->ReadArray(nullptr), 0);
+  ASSERT_EQ(reals->ResetDimension(2, 5), 0);
+  double doubles[10];
+  for (int k = 0; k < 10; ++k) doubles[k] = k * 0.5;
+  ASSERT_EQ(reals->WriteArray(doubles), 0);
+  tool.Close();
+
+  // Reopened, the arrays tell their element type from the stored data type.
+  ASSERT_EQ(tool.Open(path), 0);
+  ints = tool.OpenArray(tool.OpenGroup(1), "Ints");
+  reals = tool.OpenArray(tool.OpenGroup(1), "Reals");
+  ASSERT_TRUE(ints && reals);
+  EXPECT_EQ(ints->GetElementType(), kRSVTypeInt32);
+  EXPECT_EQ(reals->GetElementType(), kRSVTypeDouble);
+  double back[10] = {};
+  ASSERT_EQ(reals->ReadArray(back), 0);
+  EXPECT_EQ(std::memcmp(back, doubles, sizeof doubles), 0);
+}
+
+TEST_F(RsvToolTest, CompoundRecordsRoundTripAndBadDefinitionsFail) {
+  CRSVTool tool;
+  EXPECT_NE(tool.AddCompoundDataTypeMember("ID", kRSVTypeInt32, 0), 0);
+  const std::string path = WriteSample(tool);
+  const int id = tool.BeginCreateCompoundDataType(8);
+  EXPECT_TRUE(id >= 0 && id != kRSVTypeInt32 && id != kRSVTypeDouble);
+  EXPECT_NE(tool.AddCompoundDataTypeMember("Past", kRSVTypeDouble, 4), 0);
+  EXPECT_NE(tool.AddCompoundDataTypeMember("Odd", 5, 0), 0);
+  EXPECT_NE(tool.EndCreateCompoundDataType(), 0);
+  EXPECT_EQ(tool.CreateArray(tool.OpenGroup(1), "Open", id, 1, 1), nullptr);
+  tool.Close();
+
+  ASSERT_EQ(tool.Open(path), 0);
+  CRSVArray* result = tool.OpenArray(tool.OpenGroup(1, 7), "Result0");
+  ASSERT_NE(result, nullptr);
+  EXPECT_EQ(result->GetElementType(), -1);
+  std::vector<Record> rows(41);
+  ASSERT_EQ(result->ReadArray(rows.data()), 0);
+  EXPECT_EQ(rows[40].id, 40);
+  EXPECT_STREQ(rows[40].value, "row 40");
+}
+
+TEST_F(RsvToolTest, StringAttributesOnEveryKindOfObject) {
+  CRSVTool tool;
+  ASSERT_EQ(tool.Create(PathOf("a.rsv"), 4, 1, 0), 0);
+  CRSVGroup* group = tool.OpenGroup(1);
+  CRSVObject* objects[] = {group, tool.CreateTable(group, "T"),
+                           tool.CreateArray(group, "A", kRSVTypeInt32, 1, 1)};
+  for (CRSVObject* object : objects) {
+    ASSERT_EQ(tool.WriteAttribute(object, "Note", "first"), 0);
+    ASSERT_EQ(tool.WriteAttribute(object, "Note", "second"), 0);
+    std::string text;
+    EXPECT_TRUE(tool.ReadAttribute(object, "Note", &text) && text == "second");
+    EXPECT_FALSE(tool.ReadAttribute(object, "Other", &text));
+  }
+  EXPECT_NE(tool.WriteAttribute(objects[1], "NVXObject", "ARRAY"), 0);
+  EXPECT_NE(tool.WriteAttribute(nullptr, "Note", "x"), 0);
+}
+
+// The part of `dump` from `start` up to the next object or attribute.
+std::string Section(const std::string& dump, const std::string& start) {
+  const std::size_t from = dump.find(start);
+  if (from == std::string::npos) return "";
+  std::size_t to = dump.size();
+  for (const char* next : {"ATTRIBUTE \"", "DATASET \"", "GROUP \""}) {
+    to = std::min(to, dump.find(next, from + start.size()));
+  }
+  return dump.substr(from, to - from);
+}
+
+TEST_F(RsvToolTest, H5dumpReadsTheLayoutAndNoIdentifierIsLeftOpen) {
+  CRSVTool tool;
+  const std::string path = WriteSample(tool);
+  std::string name;
+  EXPECT_TRUE(tool.OpenTable(tool.OpenGroup(1, 4), "Set")->GetItem("Name", &name));
+  // Open now: the file, four groups, the table twice, the array and the compound
+  // type (HDF5 counts every modifiable datatype); attributes read are all closed.
+  EXPECT_EQ(H5Fget_obj_count(H5F_OBJ_ALL, H5F_OBJ_ALL), 1 + 4 + 3 + 1);
+  tool.Close();
+  EXPECT_EQ(H5Fget_obj_count(H5F_OBJ_ALL, H5F_OBJ_ALL), 0);
+
+  const std::string h5dump = H5DUMP_EXECUTABLE;
+  if (h5dump.empty()) GTEST_SKIP() << "h5dump not found";
+  const std::string out = PathOf("dump.txt");
+  const std::string command = "\"" + h5dump + "\" \"" + path + "\" > \"" + out + "\" 2>&1";
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  std::stringstream buffer;
+  buffer << std::ifstream(out).rdbuf();
+  const std::string dump = buffer.str();
+
+  const std::pair<const char*, std::vector<const char*>> expected[] = {
+      {"ATTRIBUTE \"RSVFormatA\"", {"H5T_STD_U32LE", "(0): 4"}},
+      {"DATASET \"Set\"", {"DATASPACE  NULL"}},
+      {"ATTRIBUTE \"Count\"", {"H5T_STD_I32LE", "41"}},
+      {"ATTRIBUTE \"Ratio\"", {"H5T_IEEE_F64LE", "0.25"}},
+      {"ATTRIBUTE \"Enabled\"", {"H5T_ENUM", "H5T_STD_I8LE", "\"FALSE\"", "\"TRUE\""}},
+      {"ATTRIBUTE \"Name\"", {"STRSIZE H5T_VARIABLE", "H5T_CSET_UTF8", "\"Mold A\""}},
+      {"ATTRIBUTE \"Blob\"", {"H5T_STD_U8LE", "( 4 )", "250"}},
+      {"DATASET \"Result0\"",
+       {"H5T_COMPOUND", "H5T_STD_I32LE \"ID\"", "STRSIZE 128", "H5T_STR_NULLTERM", "\"row 40\""}},
+  };
+  for (const auto& [start, needles] : expected) {
+    const std::string section = Section(dump, start);
+    EXPECT_FALSE(section.empty()) << start;
+    for (const char* needle : needles) {
+      EXPECT_NE(section.find(needle), std::string::npos) << start << ": " << needle;
+    }
+  }
+}
+
+}  // namespace
