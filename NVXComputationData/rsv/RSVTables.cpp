@@ -1,0 +1,274 @@
+// Table orders and the generic RSV table writer and reader.
+#include "rsv/RSVTables.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "NVXPlatform.h"
+#include "core/KeyText.h"
+#include "core/NVX3DComputationImpl.h"
+
+using NVX3DRSVExTool::CRSVArray;
+using NVX3DRSVExTool::CRSVGroup;
+using NVX3DRSVExTool::CRSVTable;
+using NVX3DRSVExTool::CRSVTool;
+
+namespace nvx {
+namespace {
+
+// The 31 tables in the order they are written...
+const char* const kWriteOrder[] = {
+    "Summary",
+    "SHELL_FILL",
+    "FILL_OUTPUT_TIMES",
+    "SHELL_PACK",
+    "PACK_OUTPUT_TIMES",
+    "SHELL_COOL",
+    "COOL_OUTPUT_TIMES",
+    "OPEN_OUTPUT_TIMES",
+    "SHELL_WARP",
+    "SOLID_FILL",
+    "SOLID_PACK",
+    "SOLID_COOL",
+    "SOLID_WARP",
+    "PartInsert",
+    "SOLID_STRESS",
+    "SOLID_VE_STRESS",
+    "SOLID_VE_WARP",
+    "SOLID_VE",
+    "SOLID_OPTIC",
+    "OPTIC_OUTPUT_DIRECTION",
+    "OPTIC_OUTPUT_TO_SOFTWARE",
+    "IC_PADDLE_SHIFT_OUTPUT_TIMES",
+    "SOLID_IC",
+    "SOLID_MCM",
+    "TASKMANAGER",
+    "REMOTE_MACHINES",
+    "ValueMachineSetting",
+    "COMPUTING_MANAGER",
+    "FILL_ADVANCED_LONGFIBER",
+    "FILL_ADVANCED_MCIM",
+    "FILL_ADVANCED_SlipBC",
+};
+
+// ...and in the different order they are read back.
+const char* const kReadOrder[] = {
+    "Summary",
+    "SHELL_FILL",
+    "SHELL_PACK",
+    "SOLID_FILL",
+    "SOLID_PACK",
+    "FILL_OUTPUT_TIMES",
+    "FILL_ADVANCED_MCIM",
+    "FILL_ADVANCED_SlipBC",
+    "PACK_OUTPUT_TIMES",
+    "SHELL_COOL",
+    "SOLID_COOL",
+    "COOL_OUTPUT_TIMES",
+    "OPEN_OUTPUT_TIMES",
+    "SHELL_WARP",
+    "SOLID_WARP",
+    "SOLID_STRESS",
+    "PartInsert",
+    "SOLID_VE",
+    "SOLID_OPTIC",
+    "OPTIC_OUTPUT_DIRECTION",
+    "OPTIC_OUTPUT_TO_SOFTWARE",
+    "SOLID_IC",
+    "IC_PADDLE_SHIFT_OUTPUT_TIMES",
+    "SOLID_MCM",
+    "TASKMANAGER",
+    "REMOTE_MACHINES",
+    "ValueMachineSetting",
+    "COMPUTING_MANAGER",
+    "FILL_ADVANCED_LONGFIBER",
+    "SOLID_VE_STRESS",
+    "SOLID_VE_WARP",
+};
+
+// The section stored in table `name`, or nullptr while it has no records.
+const SectionDef* SectionOfTable(const char* name) {
+  for (const SectionDef* def : AllSections()) {
+    if (def->rsvTable != nullptr && std::string(def->rsvTable) == name) return def;
+  }
+  return nullptr;
+}
+
+// Rows of a time-step array: the count, or none for a negative count.
+std::uint64_t Rows(const OutputTimes& block) {
+  return block.Count > 0 ? static_cast<std::uint64_t>(block.Count) : 0;
+}
+
+CRSVGroup* OpenOrCreateGroup(CRSVTool& tool, CRSVGroup* parent, const char* name) {
+  CRSVGroup* g = tool.OpenGroup(parent, name);
+  return g != nullptr ? g : tool.CreateGroup(parent, name);
+}
+
+void WriteTimeArray(CRSVTool& tool, CRSVGroup* group, const Key& key) {
+  const OutputTimes& block = key.As<OutputTimes>();
+  CRSVGroup* steps = OpenOrCreateGroup(tool, group, kTimeStepGroup);
+  if (steps == nullptr) return;
+  CRSVArray* array = tool.OpenArray(steps, key.name);
+  if (array == nullptr) {
+    array = tool.CreateArray(steps, key.name, NVX3DRSVExTool::kRSVTypeDouble, Rows(block), 1);
+  }
+  if (array != nullptr) {
+    // An existing array keeps its dimensions; the buffer covers all of it, so
+    // rows past the count are written as zeros.
+    std::uint64_t rows = 0, cols = 0;
+    array->GetDimension(&rows, &cols);
+    std::vector<double> buffer(std::max<std::uint64_t>(rows * cols, Rows(block)), 0.0);
+    for (std::uint64_t i = 0; i < Rows(block); ++i) buffer[i] = block.At(static_cast<long long>(i));
+    array->WriteArray(buffer.data());
+    tool.CloseArray(array);
+  }
+  tool.CloseGroup(steps);
+}
+
+void ReadTimeArray(CRSVTool& tool, CRSVGroup* group, const Key& key) {
+  OutputTimes& block = key.As<OutputTimes>();
+  CRSVGroup* steps = tool.OpenGroup(group, kTimeStepGroup);
+  if (steps == nullptr) return;
+  if (CRSVArray* array = tool.OpenArray(steps, key.name)) {
+    std::uint64_t rows = 0, cols = 0;
+    array->GetDimension(&rows, &cols);
+    // The number of times comes from the count in memory, not from the file.
+    const std::uint64_t wanted = Rows(block) * cols;
+    if (wanted != 0 && array->GetElementType() == NVX3DRSVExTool::kRSVTypeDouble) {
+      // The library fills the whole stored array, which may be larger.
+      std::vector<double> buffer(std::max(wanted, rows * cols));
+      if (array->ReadArray(buffer.data()) == 0) {
+        for (std::uint64_t i = 0; i < Rows(block); ++i) {
+          block.At(static_cast<long long>(i)) = buffer[i];
+        }
+      }
+    }
+    tool.CloseArray(array);
+  }
+  tool.CloseGroup(steps);
+}
+
+void SetItem(CRSVTable& table, const Key& key) {
+  switch (key.kind) {
+    case KeyKind::kInt:
+      table.SetItem(key.name, static_cast<int>(key.As<std::int32_t>() + key.bias));
+      break;
+    case KeyKind::kDouble:
+      table.SetItem(key.name, key.As<double>());
+      break;
+    case KeyKind::kBool:
+      table.SetItem(key.name, key.As<bool>());
+      break;
+    case KeyKind::kText:
+      table.SetItem(key.name, key.As<std::string>());
+      break;
+    case KeyKind::kWideText:
+      table.SetItem(key.name, platform::WideToNarrow(key.As<std::wstring>()));
+      break;
+    case KeyKind::kTimes:
+      table.SetItem(key.name, static_cast<int>(key.As<OutputTimes>().Count));
+      break;
+    case KeyKind::kFixedInt:
+      table.SetItem(key.name, static_cast<int>(key.fixedValue));
+      break;
+    case KeyKind::kLines:
+    case KeyKind::kTimeArray:
+      break;
+  }
+}
+
+// Scratch values of one table read.
+struct Scratch {
+  int i = 0;
+  double d = 0.0;
+  bool b = false;
+  std::string s;
+};
+
+void GetItem(CRSVTable& table, const Key& key, Scratch& scratch) {
+  switch (key.kind) {
+    case KeyKind::kInt:
+      table.GetItem(key.name, &scratch.i);
+      key.As<std::int32_t>() = scratch.i - key.bias;
+      break;
+    case KeyKind::kDouble:
+      table.GetItem(key.name, &scratch.d);
+      key.As<double>() = scratch.d;
+      break;
+    case KeyKind::kBool:
+      table.GetItem(key.name, &scratch.b);
+      key.As<bool>() = scratch.b;
+      break;
+    case KeyKind::kText:
+      table.GetItem(key.name, &scratch.s);
+      key.As<std::string>() = scratch.s;
+      break;
+    case KeyKind::kWideText:
+      table.GetItem(key.name, &scratch.s);
+      key.As<std::wstring>() = platform::NarrowToWide(scratch.s);
+      break;
+    case KeyKind::kTimes:
+      table.GetItem(key.name, &scratch.i);
+      key.As<OutputTimes>().Count = scratch.i;
+      break;
+    case KeyKind::kFixedInt:
+    case KeyKind::kLines:
+    case KeyKind::kTimeArray:
+      break;
+  }
+}
+
+}  // namespace
+
+void WriteSectionTable(CRSVTool& tool, CRSVGroup* group, const SectionDef& def,
+                       CNVX3DComputationImpl& impl) {
+  const KeyList keys = def.keys(impl);
+  CRSVTable* table = tool.OpenTable(group, def.rsvTable);
+  if (table == nullptr) table = tool.CreateTable(group, def.rsvTable);
+  if (table != nullptr) {
+    for (const Key& key : keys) {
+      if ((key.use & kRsvWrite) != 0 && key.kind != KeyKind::kTimeArray) SetItem(*table, key);
+    }
+    table->Flush();
+    tool.CloseTable(table);
+  }
+  for (const Key& key : keys) {
+    if (key.kind == KeyKind::kTimeArray && (key.use & kRsvWrite) != 0) {
+      WriteTimeArray(tool, group, key);
+    }
+  }
+}
+
+void ReadSectionTable(CRSVTool& tool, CRSVGroup* group, const SectionDef& def,
+                      CNVX3DComputationImpl& impl) {
+  const KeyList keys = def.keys(impl);
+  if (CRSVTable* table = tool.OpenTable(group, def.rsvTable)) {
+    Scratch scratch;
+    for (const Key& key : keys) {
+      if ((key.use & kRsvRead) == 0 || key.kind == KeyKind::kTimeArray) continue;
+      GetItem(*table, key, scratch);
+      if (key.afterRsvRead != nullptr) key.afterRsvRead(impl);
+    }
+    tool.CloseTable(table);
+  }
+  for (const Key& key : keys) {
+    if (key.kind == KeyKind::kTimeArray && (key.use & kRsvRead) != 0) {
+      ReadTimeArray(tool, group, key);
+    }
+  }
+}
+
+void WriteParameterTables(CRSVTool& tool, CRSVGroup* group, CNVX3DComputationImpl& impl) {
+  for (const char* name : kWriteOrder) {
+    if (const SectionDef* def = SectionOfTable(name)) WriteSectionTable(tool, group, *def, impl);
+  }
+}
+
+void ReadParameterTables(CRSVTool& tool, CRSVGroup* group, CNVX3DComputationImpl& impl) {
+  for (const char* name : kReadOrder) {
+    if (const SectionDef* def = SectionOfTable(name)) ReadSectionTable(tool, group, *def, impl);
+  }
+}
+
+}  // namespace nvx

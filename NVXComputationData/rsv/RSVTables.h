@@ -1,0 +1,40 @@
+// The parameter tables of the RSV file: their write and read orders, and the
+// generic table writer and reader that walk a section's key list.
+#ifndef NVX_RSV_RSVTABLES_H_
+#define NVX_RSV_RSVTABLES_H_
+
+#include "NVX3DRSVExTool.h"
+#include "core/SectionDef.h"
+
+namespace nvx {
+
+// Group of the time-step arrays beside the tables (the name is spelt so).
+inline constexpr const char kTimeStepGroup[] = "Time_Stemp";
+
+// Writes every table in the write order into the parameter group.
+void WriteParameterTables(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,
+                          CNVX3DComputationImpl& impl);
+// Reads every table in the read order; tables missing from the file are
+// skipped and leave their records.
+void ReadParameterTables(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,
+                         CNVX3DComputationImpl& impl);
+
+// One section's table (opened, or created when missing; skipped when neither
+// works), then its time-step arrays.
+void WriteSectionTable(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,
+                       const SectionDef& def, CNVX3DComputationImpl& impl);
+
+// One section's table. Items are read through one scratch value per type,
+// zeroed when the table is opened and never reset between items, and stored
+// whether or not the item was there: an item missing from the file takes the
+// value of the item of the same type read before it (or zero).
+//
+// Time-step arrays are read with the count already in memory, never resizing
+// the list: values are copied into the existing list by index, and an index
+// past its end throws std::out_of_range.
+void ReadSectionTable(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,
+                      const SectionDef& def, CNVX3DComputationImpl& impl);
+
+}  // namespace nvx
+
+#endif  // NVX_RSV_RSVTABLES_H_
