@@ -1,0 +1,66 @@
+// Speed of the paths hosts run thousands of times: loading and writing a
+// parameter file, and writing and reading the RSV tables.
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+
+#include "NVX3DComputation.h"
+
+namespace {
+
+std::string ScratchPath(const char* name) {
+  return (std::filesystem::temp_directory_path() / name).string();
+}
+
+// A solid project's parameter file with a few hundred output times.
+std::string MakeProjectFile() {
+  const std::string path = ScratchPath("nvx_bench_project.krn");
+  std::filesystem::remove(path);
+  CNVX3DComputation c;
+  NVXData d{};
+  d.KRNFilePath = path;
+  d.LoadMode = 1;
+  d.ModelKind = 2;
+  c.LoadKRNFile(d);
+  c.SetFillOutputTimesSectionFillTimeSteps(300);
+  c.SetPackOutputTimesSectionFillTimeSteps(300);
+  c.WriteKRNFile(path, 0);
+  return path;
+}
+
+void BM_LoadKrn(benchmark::State& state) {
+  const std::string path = MakeProjectFile();
+  for (auto _ : state) {
+    CNVX3DComputation c;
+    benchmark::DoNotOptimize(c.LoadKRNFile(path.c_str()));
+  }
+}
+BENCHMARK(BM_LoadKrn);
+
+void BM_WriteKrn(benchmark::State& state) {
+  const std::string path = MakeProjectFile();
+  CNVX3DComputation c;
+  NVXData d{};
+  d.KRNFilePath = path;
+  d.LoadMode = 0;
+  d.ModelKind = 2;
+  c.LoadKRNFile(d);
+  for (auto _ : state) benchmark::DoNotOptimize(c.WriteKRNFile(path, 0));
+}
+BENCHMARK(BM_WriteKrn);
+
+void BM_RsvRoundTrip(benchmark::State& state) {
+  const std::string krn = MakeProjectFile();
+  const std::string rsv = ScratchPath("nvx_bench_project.rsv");
+  std::filesystem::remove(rsv);
+  CNVX3DComputation c;
+  c.LoadKRNFile(krn.c_str());
+  c.SetRSVFilePath(rsv);
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(c.WriteRSVFile());
+    benchmark::DoNotOptimize(c.ReadRSVFile());
+  }
+}
+BENCHMARK(BM_RsvRoundTrip);
+
+}  // namespace
