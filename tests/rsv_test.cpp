@@ -143,6 +143,15 @@ TEST_F(RsvTest, FillRecordAsymmetries) {
   EXPECT_EQ(v, 1);
   back.GetSolidFillFlagViscousHeating(v);
   EXPECT_EQ(v, 0);
+
+  // The reader mirrors the fibre flag as the setters do.
+  CNVX3DComputationImpl impl;
+  impl.sections.fillPack->FlagEstimateFiber = 1;
+  impl.sections.warp->FlagFiberEffect = impl.sections.stress->FlagFiberEffect = 1;
+  CRSVTool tool;
+  ASSERT_EQ(tool.Open(path_), 0);
+  nvx::ReadParameterTables(tool, tool.OpenGroup(1, 4), impl);
+  EXPECT_EQ(impl.sections.warp->FlagFiberEffect + impl.sections.stress->FlagFiberEffect, 0);
 }
 
 TEST_F(RsvTest, TimeArraysAreReadWithTheCountInMemory) {
