@@ -1,0 +1,209 @@
+// nvxparam run as a program on real files in a private directory.
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "NVX3DRSVExTool.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Result {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+std::string ReadText(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+void WriteText(const fs::path& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+class NvxParamTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = (fs::temp_directory_path() / "nvxparam_test-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+    dir_ = pattern;
+    // No per-user template of the machine may change the defaults.
+    ::setenv("XDG_CONFIG_HOME", (dir_ / "config").c_str(), 1);
+  }
+  void TearDown() override { fs::remove_all(dir_); }
+
+  std::string Path(const std::string& name) const { return (dir_ / name).string(); }
+
+  Result Run(const std::vector<std::string>& args) const {
+    std::string command = NVXPARAM_PATH;
+    for (std::string arg : args) {
+      for (std::size_t i = 0; (i = arg.find('\'', i)) != std::string::npos; i += 4) {
+        arg.replace(i, 1, "'\\''");
+      }
+      command += " '" + arg + "'";
+    }
+    command += " >'" + Path("out.txt") + "' 2>'" + Path("err.txt") + "'";
+    const int raw = std::system(command.c_str());
+    return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, ReadText(Path("out.txt")),
+            ReadText(Path("err.txt"))};
+  }
+
+  // The value `get` prints, without its line end; fails the test on an error.
+  std::string Get(const std::string& file, const std::string& address) const {
+    const Result r = Run({"get", file, address});
+    EXPECT_EQ(r.status, 0) << r.err;
+    return r.out.substr(0, r.out.find('\n'));
+  }
+
+  fs::path dir_;
+};
+
+TEST_F(NvxParamTest, NewWritesTheDefaultsOfTheModelKindAndNeverOverwrites) {
+  const std::string solid = Path("solid.krn"), shell = Path("shell.krn");
+  ASSERT_EQ(Run({"new", solid}).status, 0);
+  ASSERT_EQ(Run({"new", "--model-kind", "1", shell}).status, 0);
+  EXPECT_EQ(Get(solid, "SUMMARY.Flag3D"), "1");
+  EXPECT_EQ(Get(shell, "SUMMARY.Flag3D"), "0");
+
+  const Result shown = Run({"show", shell});
+  EXPECT_EQ(shown.status, 0);
+  EXPECT_NE(shown.out.find("[SUMMARY]\n"), std::string::npos);
+  EXPECT_NE(shown.out.find("\nFlag3D = 0\n"), std::string::npos);
+  EXPECT_NE(shown.out.find("[SHELL_FILL]\n"), std::string::npos);
+  EXPECT_EQ(shown.out.find("[SOLID_FILL]"), std::string::npos);
+  EXPECT_EQ(Run({"get", shell, "SOLID_FILL.FlagInertia"}).status, 2);
+
+  const std::string before = ReadText(solid);
+  const Result again = Run({"new", "--model-kind=1", solid});
+  EXPECT_EQ(again.status, 2);
+  EXPECT_NE(again.err.find("already exists"), std::string::npos);
+  EXPECT_EQ(ReadText(solid), before);
+  EXPECT_EQ(Run({"new", "--model-kind", "0", Path("k0.krn")}).status, 2);
+  EXPECT_FALSE(fs::exists(Path("k0.krn")));
+}
+
+TEST_F(NvxParamTest, SetAppliesEveryAssignmentAndAddsMissingSections) {
+  const std::string file = Path("a.krn");
+  ASSERT_EQ(Run({"new", "--model-kind", "1", file}).status, 0);
+  const Result set = Run({"set", file, "SOLID_FILL.FlagInertia=1", "SUMMARY.Creater=me",
+                          "PACK_OUTPUT_TIMES.ValueNoPackOutputTime=2"});
+  ASSERT_EQ(set.status, 0) << set.err;
+  EXPECT_EQ(Get(file, "SOLID_FILL.FlagInertia"), "1");
+  EXPECT_EQ(Get(file, "SUMMARY.Creater"), "me");
+  EXPECT_EQ(Get(file, "PACK_OUTPUT_TIMES.ValueNoPackOutputTime"), "2: 0, 0");
+  EXPECT_EQ(Get(file, "SHELL_FILL.ValueNoFlowLayer"), "12");  // untouched keys stay
+  EXPECT_NE(ReadText(file).find("\nFlagInertia = 1\n"), std::string::npos);
+}
+
+TEST_F(NvxParamTest, RejectedCommandsNameTheProblemAndLeaveTheFileAsItWas) {
+  const std::string file = Path("a.krn");
+  ASSERT_EQ(Run({"new", file}).status, 0);
+  const std::string before = ReadText(file);
+  const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
+      {{"set", file, "SOLID_FIL.FlagInertia=1"}, "SOLID_FILL"},
+      {{"set", file, "SOLID_FILL.FlagInertya=1"}, "FlagInertia"},
+      {{"set", file, "SOLID_FILL.FlagInertia=2"}, "'2'"},
+      {{"set", file, "SOLID_FILL.ValueGravityX=abc"}, "'abc'"},
+      {{"set", file, "SUMMARY.Creater=two words"}, "blanks"},
+      {{"set", file, "SOLID_FILL.FlagInertia=1", "SUMMARY.Flag3D=x"}, "'x'"},
+      {{"set", file, "SUMMARY.Flag3D"}, "SECTION.Key=VALUE"},
+      {{"get", file, "SUMMARY.Flag3d"}, "Flag3D"},
+      {{"set", Path("missing.krn"), "SUMMARY.Flag3D=1"}, "no such file"},
+  };
+  for (const auto& [args, named] : cases) {
+    const Result r = Run(args);
+    EXPECT_EQ(r.status, 2) << args.back();
+    EXPECT_EQ(r.err.rfind("nvxparam: ", 0), 0u) << r.err;
+    EXPECT_NE(r.err.find(named), std::string::npos) << r.err;
+  }
+  EXPECT_EQ(ReadText(file), before);
+  EXPECT_FALSE(fs::exists(Path("missing.krn")));
+
+  // Writing back would drop a section the library cannot write yet.
+  const std::string cool = Path("cool.krn");
+  WriteText(cool, before.substr(0, before.rfind("</KRN_FILE>")) +
+                      "<SOLID_COOL>\nVersion = 3\n</SOLID_COOL>\n</KRN_FILE>\n");
+  const std::string coolBefore = ReadText(cool);
+  EXPECT_EQ(Run({"set", cool, "SUMMARY.Flag3D=0"}).status, 2);
+  EXPECT_EQ(ReadText(cool), coolBefore);
+}
+
+TEST_F(NvxParamTest, HelpGoesToStandardOutputAndMisuseToStandardError) {
+  for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
+           {"--help"}, {"-h"}, {"help", "set"}, {"set", "--help"}, {"to-rsv", "-h"}}) {
+    const Result r = Run(args);
+    EXPECT_EQ(r.status, 0) << args[0];
+    EXPECT_EQ(r.out.rfind("usage: nvxparam", 0), 0u) << r.out;
+  }
+  for (const std::vector<std::string>& args :
+       std::vector<std::vector<std::string>>{{}, {"frobnicate"}, {"help", "frobnicate"}}) {
+    const Result r = Run(args);
+    EXPECT_EQ(r.status, 2);
+    EXPECT_TRUE(r.out.empty());
+    EXPECT_FALSE(r.err.empty());
+  }
+}
+
+TEST_F(NvxParamTest, RsvRoundTripKeepsValuesAndOutputTimes) {
+  const std::string krn = Path("a.krn"), rsv = Path("a.rsv"), back = Path("back.krn");
+  ASSERT_EQ(Run({"new", krn}).status, 0);
+  ASSERT_EQ(Run({"set", krn, "SOLID_FILL.FlagInertia=1", "SUMMARY.Creater=me"}).status, 0);
+  std::string text = ReadText(krn);
+  const std::string count = "ValueNoFillOutputTime = 0\n";
+  ASSERT_NE(text.find(count), std::string::npos);
+  text.replace(text.find(count), count.size(), "ValueNoFillOutputTime = 2\n1 = 0.5\n2 = 1.5\n");
+  WriteText(krn, text);
+
+  const Result to = Run({"to-rsv", krn, rsv});
+  ASSERT_EQ(to.status, 0) << to.err;
+  const Result shown = Run({"show", rsv});
+  EXPECT_EQ(shown.status, 0) << shown.err;
+  EXPECT_NE(shown.out.find("[SOLID_FILL]\n"), std::string::npos);
+  EXPECT_NE(shown.out.find("\nFlagInertia = 1\n"), std::string::npos);
+
+  const Result from = Run({"from-rsv", rsv, back});
+  ASSERT_EQ(from.status, 0) << from.err;
+  EXPECT_EQ(Get(back, "SUMMARY.Creater"), "me");
+  EXPECT_EQ(Get(back, "SOLID_FILL.FlagInertia"), "1");
+  EXPECT_EQ(Get(back, "FILL_OUTPUT_TIMES.ValueNoFillOutputTime"), "2: 0.5, 1.5");
+}
+
+TEST_F(NvxParamTest, UnusableRsvFilesAreRefusedBeforeAnythingIsWritten) {
+  const std::string text = Path("text.rsv"), bare = Path("bare.rsv"), krn = Path("a.krn");
+  WriteText(text, "not an HDF5 file\n");
+  {
+    NVX3DRSVExTool::CRSVTool tool;  // an HDF5 file without the parameter group
+    ASSERT_EQ(tool.Create(bare, 4, 1, 0), 0);
+  }
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {Path("missing.rsv"), "no such file"},
+      {text, "not an RSV"},
+      {bare, "no computation parameters"},
+  };
+  for (const auto& [rsv, named] : cases) {
+    const Result r = Run({"from-rsv", rsv, krn});
+    EXPECT_EQ(r.status, 2) << rsv;
+    EXPECT_NE(r.err.find(named), std::string::npos) << r.err;
+    EXPECT_FALSE(fs::exists(krn));
+  }
+  EXPECT_EQ(Run({"show", text}).status, 2);
+
+  ASSERT_EQ(Run({"new", krn}).status, 0);
+  EXPECT_EQ(Run({"to-rsv", krn, text}).status, 2);
+  EXPECT_EQ(ReadText(text), "not an HDF5 file\n");
+}
+
+}  // namespace

@@ -1,0 +1,219 @@
+// Loading KRN and RSV parameter files, name lookup with suggestions, and safe
+// replacement of the files nvxparam writes.
+#include "ParamFiles.h"
+
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <new>
+
+#include "NVX3DRSVExTool.h"
+#include "NVXPlatform.h"
+#include "core/KeyText.h"
+#include "krn/KRNDocument.h"
+#include "krn/KRNDocumentWriter.h"
+#include "krn/KRNTags.h"
+#include "rsv/RSVTables.h"
+
+namespace nvxparam {
+namespace {
+
+namespace fs = std::filesystem;
+using NVX3DRSVExTool::CRSVGroup;
+using NVX3DRSVExTool::CRSVTable;
+using NVX3DRSVExTool::CRSVTool;
+
+constexpr std::size_t kSuggestions = 3;
+// Same bound as the count parser: a damaged count must not allocate gigabytes.
+constexpr int kMaxTimes = 1000000;
+
+std::string Quoted(const std::string& text) { return "'" + text + "'"; }
+
+std::string Nearest(const std::string& name, const std::vector<std::string>& candidates) {
+  std::string text;
+  for (const std::string& candidate : nvx::NearestNames(name, candidates, kSuggestions)) {
+    text += (text.empty() ? " (nearest: " : ", ") + candidate;
+  }
+  return text.empty() ? text : text + ")";
+}
+
+std::unique_ptr<CNVX3DComputationImpl> NewImpl() {
+  auto impl = std::make_unique<CNVX3DComputationImpl>();
+  // The constructor leaves a slot null when its allocation fails.
+  if (!impl->sections.document || !impl->sections.summary || !impl->sections.fillPack) {
+    throw std::bad_alloc();
+  }
+  return impl;
+}
+
+void RequireReadableFile(const std::string& path) {
+  std::error_code ec;
+  if (!fs::exists(path, ec)) Fail(path + ": no such file");
+  if (!fs::is_regular_file(path, ec)) Fail(path + " is not a regular file");
+  if (!std::ifstream(path)) Fail("cannot read " + path + ": " + std::strerror(errno));
+}
+
+std::string SystemError(const std::string& what) { return what + ": " + std::strerror(errno); }
+
+}  // namespace
+
+void Fail(const std::string& message) { throw Failure(message); }
+
+bool Params::Holds(const nvx::SectionDef& def) const {
+  return std::find(sections.begin(), sections.end(), &def) != sections.end();
+}
+
+CNVX3DKRNDocument& DocumentOf(CNVX3DComputationImpl& impl) { return *impl.sections.document; }
+
+Params LoadKrn(const std::string& path) {
+  RequireReadableFile(path);
+  Params params{NewImpl(), {}};
+  params.impl->ReadKrn(path);
+  const CNVX3DKRNDocument& doc = DocumentOf(*params.impl);
+  bool any = false;
+  for (std::size_t i = 0; i < nvx::kKrnTagCount; ++i) any |= doc.IsPresent(nvx::KrnTag(i));
+  if (!any) Fail(path + " holds no KRN parameter sections");
+  for (const nvx::SectionDef* def : nvx::AllSections()) {
+    if (doc.IsPresent(def->tag)) params.sections.push_back(def);
+  }
+  return params;
+}
+
+bool IsHdf5File(const std::string& path) {
+  CRSVTool tool;
+  return nvx::platform::FileExists(path) && tool.Open(path) == 0;
+}
+
+Params LoadRsv(const std::string& path) {
+  // The library's reader passes over a missing file or group in silence.
+  if (!nvx::platform::FileExists(path)) Fail(path + ": no such file");
+  CRSVTool tool;
+  if (tool.Open(path) != 0) Fail(path + " is not an RSV (HDF5) file");
+  CRSVGroup* group = tool.OpenGroup(1, 4);
+  if (group == nullptr) Fail(path + " holds no computation parameters");
+
+  Params params{NewImpl(), {}};
+  for (const nvx::SectionDef* def : nvx::AllSections()) {
+    if (def->rsvTable == nullptr) continue;
+    DocumentOf(*params.impl).SetPresent(def->tag, true);
+    CRSVTable* table = tool.OpenTable(group, def->rsvTable);
+    if (table == nullptr) continue;
+    params.sections.push_back(def);
+    // The reader takes the number of output times from memory, so every block
+    // is sized first to the count stored beside it.
+    for (const nvx::Key& key : def->keys(*params.impl)) {
+      if (key.kind != nvx::KeyKind::kTimes || (key.use & nvx::kRsvWrite) == 0) continue;
+      int count = 0;
+      if (table->GetItem(key.name, &count)) {
+        key.As<nvx::OutputTimes>().SetCount(std::clamp(count, 0, kMaxTimes));
+      }
+    }
+    tool.CloseTable(table);
+  }
+  nvx::ReadParameterTables(tool, group, *params.impl);
+  return params;
+}
+
+Params LoadParams(const std::string& path) {
+  return IsHdf5File(path) ? LoadRsv(path) : LoadKrn(path);
+}
+
+const nvx::SectionDef& FindSectionNamed(const std::string& name) {
+  std::vector<std::string> names;
+  for (const nvx::SectionDef* def : nvx::AllSections()) {
+    if (name == nvx::TagName(def->tag)) return *def;
+    names.push_back(nvx::TagName(def->tag));
+  }
+  nvx::KrnTag tag;
+  if (nvx::TagByName(name, &tag)) Fail("section " + name + " has no keys that can be reached yet");
+  Fail("unknown section " + Quoted(name) + Nearest(name, names));
+}
+
+const nvx::Key& FindUserKey(const nvx::SectionDef& def, const nvx::KeyList& keys,
+                            const std::string& name) {
+  const nvx::Key* key = nvx::FindKey(keys, name, nvx::kKrnRead);
+  if (key != nullptr && nvx::IsUserKey(*key)) return *key;
+  std::vector<std::string> names;
+  for (const nvx::Key& k : keys) {
+    if (nvx::IsUserKey(k) && std::find(names.begin(), names.end(), k.name) == names.end()) {
+      names.push_back(k.name);
+    }
+  }
+  Fail(std::string("section ") + nvx::TagName(def.tag) + " has no key " + Quoted(name) +
+       Nearest(name, names));
+}
+
+void CheckKrnStorable(const nvx::Key& key, const std::string& value) {
+  if (key.kind != nvx::KeyKind::kText && key.kind != nvx::KeyKind::kWideText) return;
+  // The reader takes one token split at blanks and "=", and stops the whole
+  // scan at an over-long line.
+  const bool token = std::none_of(value.begin(), value.end(), [](char c) {
+    const auto u = static_cast<unsigned char>(c);
+    return u == ' ' || u == '=' || u < 0x20 || u == 0x7f;
+  });
+  if (!token) {
+    Fail(Quoted(value) + " cannot be kept in a KRN file: text values hold no blanks, '=' or " +
+         "control characters");
+  }
+  const std::size_t line =
+      std::strlen(key.name) + std::strlen(key.separator) + value.size() + std::strlen(key.suffix);
+  if (line > CNVX3DKRNDocument::kMaxLineLength) {
+    Fail("the value of " + std::string(key.name) + " is too long for a KRN line");
+  }
+}
+
+std::vector<std::string> SectionsLostByWriter(CNVX3DComputationImpl& impl) {
+  const std::vector<nvx::KrnTag> written =
+      nvx::DocumentSections(nvx::DocumentWriter::kSectionPresent, impl);
+  std::vector<std::string> lost;
+  for (std::size_t i = 0; i < nvx::kKrnTagCount; ++i) {
+    const auto tag = static_cast<nvx::KrnTag>(i);
+    if (!DocumentOf(impl).IsPresent(tag)) continue;
+    const bool writes = nvx::FindSection(tag) != nullptr &&
+                        std::find(written.begin(), written.end(), tag) != written.end();
+    if (!writes) lost.push_back(nvx::TagName(tag));
+  }
+  return lost;
+}
+
+void ReplaceFile(const std::string& path, const std::function<bool(const std::string&)>& write) {
+  std::error_code ec;
+  fs::path target = path;
+  // Write through a link to the file it names, and leave the link in place.
+  if (fs::is_symlink(target, ec)) {
+    target = fs::canonical(target, ec);
+    if (ec) Fail("cannot resolve " + path + ": " + ec.message());
+  }
+  struct stat st;
+  mode_t mode = 0;
+  if (::stat(target.c_str(), &st) == 0) {
+    if (::access(target.c_str(), W_OK) != 0) Fail(SystemError("cannot write " + path));
+    mode = st.st_mode & 07777;
+  } else {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    mode = 0666 & ~mask;
+  }
+  const fs::path dir = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  std::string temp = (dir / ("." + target.filename().string() + ".XXXXXX")).string();
+  const int fd = ::mkstemp(temp.data());
+  if (fd < 0) Fail(SystemError("cannot write " + path));
+  ::close(fd);
+  if (!write(temp)) {
+    ::unlink(temp.c_str());
+    Fail("writing " + path + " failed");
+  }
+  if (::chmod(temp.c_str(), mode) != 0 || ::rename(temp.c_str(), target.c_str()) != 0) {
+    const std::string message = SystemError("cannot write " + path);
+    ::unlink(temp.c_str());
+    Fail(message);
+  }
+}
+
+}  // namespace nvxparam

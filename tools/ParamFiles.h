@@ -1,0 +1,70 @@
+// What the verbs of nvxparam share: reading a parameter file into an
+// implementation object, finding sections and keys by name, and replacing a
+// file only once its new contents are complete.
+#ifndef NVX_TOOLS_PARAMFILES_H_
+#define NVX_TOOLS_PARAMFILES_H_
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "core/KeyTable.h"
+#include "core/NVX3DComputationImpl.h"
+#include "core/SectionDef.h"
+
+namespace nvxparam {
+
+// Ends the command: main prints the message and exits with status 2.
+class Failure : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+[[noreturn]] void Fail(const std::string& message);
+
+// A parameter file read into memory: the implementation object and the
+// sections the file holds, in the order of the tag table.
+struct Params {
+  std::unique_ptr<CNVX3DComputationImpl> impl;
+  std::vector<const nvx::SectionDef*> sections;
+
+  bool Holds(const nvx::SectionDef& def) const;
+};
+
+// The document of `impl` (present flags and scanned lines).
+CNVX3DKRNDocument& DocumentOf(CNVX3DComputationImpl& impl);
+
+// Reads a KRN file; fails when it is missing, unreadable or holds no section.
+Params LoadKrn(const std::string& path);
+// Reads the parameter tables of an RSV file; fails when it is missing, not an
+// HDF5 file or without the parameter group. Every section that has a table
+// gets its present flag; `sections` lists those whose table the file holds.
+Params LoadRsv(const std::string& path);
+// True when `path` is an existing HDF5 file (of any layout).
+bool IsHdf5File(const std::string& path);
+// LoadRsv for an HDF5 file, LoadKrn for anything else.
+Params LoadParams(const std::string& path);
+
+// The section whose tag is named `name` (e.g. "SOLID_FILL"); fails with the
+// nearest section names.
+const nvx::SectionDef& FindSectionNamed(const std::string& name);
+// The key `name` a person can read and set; fails with the nearest key names.
+const nvx::Key& FindUserKey(const nvx::SectionDef& def, const nvx::KeyList& keys,
+                            const std::string& name);
+// Fails for a text value the KRN reader would not read back as it is.
+void CheckKrnStorable(const nvx::Key& key, const std::string& value);
+
+// Tags the file held that the section-present writer would leave out.
+std::vector<std::string> SectionsLostByWriter(CNVX3DComputationImpl& impl);
+
+// Writes `path` through `write`, which receives the name of a fresh file in
+// the same directory and returns whether it wrote it. The fresh file replaces
+// `path` (keeping its permissions) only when it is complete, so a failure
+// leaves the old file as it was.
+void ReplaceFile(const std::string& path, const std::function<bool(const std::string&)>& write);
+
+}  // namespace nvxparam
+
+#endif  // NVX_TOOLS_PARAMFILES_H_
