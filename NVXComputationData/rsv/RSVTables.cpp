@@ -149,10 +149,15 @@ void ReadTimeArray(CRSVTool& tool, CRSVGroup* group, const Key& key) {
   tool.CloseGroup(steps);
 }
 
+// value + bias, wrapped to 32 bits rather than overflowing.
+int WithBias(std::int32_t value, std::int32_t bias) {
+  return static_cast<int>(static_cast<std::uint32_t>(value) + static_cast<std::uint32_t>(bias));
+}
+
 void SetItem(CRSVTable& table, const Key& key) {
   switch (key.kind) {
     case KeyKind::kInt:
-      table.SetItem(key.name, static_cast<int>(key.As<std::int32_t>() + key.bias));
+      table.SetItem(key.name, WithBias(key.As<std::int32_t>(), key.bias));
       break;
     case KeyKind::kDouble:
       table.SetItem(key.name, key.As<double>());
@@ -190,7 +195,7 @@ void GetItem(CRSVTable& table, const Key& key, Scratch& scratch) {
   switch (key.kind) {
     case KeyKind::kInt:
       table.GetItem(key.name, &scratch.i);
-      key.As<std::int32_t>() = scratch.i - key.bias;
+      key.As<std::int32_t>() = WithBias(scratch.i, -key.bias);
       break;
     case KeyKind::kDouble:
       table.GetItem(key.name, &scratch.d);
