@@ -12,16 +12,20 @@ std::string ScratchPath(const char* name) {
   return (std::filesystem::temp_directory_path() / name).string();
 }
 
+NVXData SolidProject(const std::string& path, int loadMode) {
+  NVXData d{};
+  d.KRNFilePath = path;
+  d.LoadMode = loadMode;
+  d.ModelKind = 2;
+  return d;
+}
+
 // A solid project's parameter file with a few hundred output times.
 std::string MakeProjectFile() {
   const std::string path = ScratchPath("nvx_bench_project.krn");
   std::filesystem::remove(path);
   CNVX3DComputation c;
-  NVXData d{};
-  d.KRNFilePath = path;
-  d.LoadMode = 1;
-  d.ModelKind = 2;
-  c.LoadKRNFile(d);
+  c.LoadKRNFile(SolidProject(path, 1));
   c.SetFillOutputTimesSectionFillTimeSteps(300);
   c.SetPackOutputTimesSectionFillTimeSteps(300);
   c.WriteKRNFile(path, 0);
@@ -40,11 +44,7 @@ BENCHMARK(BM_LoadKrn);
 void BM_WriteKrn(benchmark::State& state) {
   const std::string path = MakeProjectFile();
   CNVX3DComputation c;
-  NVXData d{};
-  d.KRNFilePath = path;
-  d.LoadMode = 0;
-  d.ModelKind = 2;
-  c.LoadKRNFile(d);
+  c.LoadKRNFile(SolidProject(path, 0));
   for (auto _ : state) benchmark::DoNotOptimize(c.WriteKRNFile(path, 0));
 }
 BENCHMARK(BM_WriteKrn);
