@@ -26,6 +26,20 @@ hssize_t ElementCount(hid_t dataset) {
   return H5Sget_simple_extent_npoints(space.get());
 }
 
+// Reads or writes the whole array from or to `buffer`. An empty array
+// transfers nothing and succeeds.
+int Transfer(hid_t id, int elementType, void* buffer, bool write) {
+  if (id < 0) return -1;
+  const hssize_t count = ElementCount(id);
+  if (count < 0) return -1;
+  if (count == 0) return 0;
+  Hid memType = MemoryType(id, elementType);
+  if (buffer == nullptr || !memType.valid()) return -1;
+  const herr_t rc = write ? H5Dwrite(id, memType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, buffer)
+                          : H5Dread(id, memType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, buffer);
+  return rc < 0 ? -1 : 0;
+}
+
 }  // namespace
 
 int CRSVArray::GetDimension(std::uint64_t* rows, std::uint64_t* cols) {
@@ -47,24 +61,11 @@ int CRSVArray::ResetDimension(std::uint64_t rows, std::uint64_t cols) {
   return H5Dset_extent(m_id, dims) < 0 ? -1 : 0;
 }
 
-int CRSVArray::ReadArray(void* dst) {
-  if (m_id < 0) return -1;
-  const hssize_t count = ElementCount(m_id);
-  if (count < 0) return -1;
-  if (count == 0) return 0;
-  Hid memType = MemoryType(m_id, m_elementType);
-  if (dst == nullptr || !memType.valid()) return -1;
-  return H5Dread(m_id, memType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, dst) < 0 ? -1 : 0;
-}
+int CRSVArray::ReadArray(void* dst) { return Transfer(m_id, m_elementType, dst, false); }
 
 int CRSVArray::WriteArray(const void* src) {
-  if (m_id < 0) return -1;
-  const hssize_t count = ElementCount(m_id);
-  if (count < 0) return -1;
-  if (count == 0) return 0;
-  Hid memType = MemoryType(m_id, m_elementType);
-  if (src == nullptr || !memType.valid()) return -1;
-  return H5Dwrite(m_id, memType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, src) < 0 ? -1 : 0;
+  // H5Dwrite only reads from the buffer.
+  return Transfer(m_id, m_elementType, const_cast<void*>(src), true);
 }
 
 }  // namespace NVX3DRSVExTool

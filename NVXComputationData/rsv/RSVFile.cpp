@@ -18,6 +18,7 @@ bool CNVX3DComputation::WriteRSVFile() {
   if (group == nullptr) {
     CRSVGroup* top = tool.OpenGroup(1);
     group = top ? tool.CreateGroup(top, "Computation") : nullptr;
+    tool.CloseGroup(top);
     if (group == nullptr) return false;
   }
   nvx::WriteParameterTables(tool, group, *m_pImpl);
