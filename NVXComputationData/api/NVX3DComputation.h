@@ -76,6 +76,14 @@ class NVX_API CNVX3DComputation {
   int GetTimeSteps(int& page);
   void SetTimeStepValue(int page, int index, double value);
   double GetTimeStepValue(int page, int index);
+  // Generic members reaching the cooling, warpage and stress records.
+
+  // Generic members reaching the advanced filling records.
+
+  // Generic members reaching the viscoelastic, optics, IC and multi-component
+  // records.
+
+  // Generic members reaching the computing-resource records.
 
   // ---- <SUMMARY> -------------------------------------------------------------
   // Getters return 1, except GetSummaryVersion, which returns the version.
@@ -308,6 +316,60 @@ class NVX_API CNVX3DComputation {
   void SetPackOutputTimesSectionFillTimeSteps(int count);
   int GetPackOutputTimesSectionFillTimeStepsValue(int index, double& time);
   void SetPackOutputTimesSectionFillTimeStepsValue(int index, double time);
+
+  // ---- <SHELL_COOL> ---------------------------------------------------------
+
+  // ---- <SOLID_COOL> ---------------------------------------------------------
+
+  // ---- <COOL_OUTPUT_TIMES> --------------------------------------------------
+
+  // ---- <MoldPreheat_OUTPUT_TIMES> -------------------------------------------
+
+  // ---- <OPEN_OUTPUT_TIMES> --------------------------------------------------
+
+  // ---- <SHELL_WARP> ---------------------------------------------------------
+
+  // ---- <SOLID_WARP> ---------------------------------------------------------
+
+  // ---- <SOLID_STRESS> -------------------------------------------------------
+
+  // ---- <FILL_ADVANCED_LONGFIBER> --------------------------------------------
+
+  // ---- <FILL_ADVANCED_HRSteady> ---------------------------------------------
+
+  // ---- <FILL_ADVANCED_MCIM> -------------------------------------------------
+
+  // ---- <FILL_ADVANCED_SlipBC> -----------------------------------------------
+
+  // ---- <SOLID_VE> -----------------------------------------------------------
+
+  // ---- <SOLID_VE_STRESS> ----------------------------------------------------
+
+  // ---- <SOLID_VE_CURING_STRESS> ---------------------------------------------
+
+  // ---- <SOLID_VE_WARP> ------------------------------------------------------
+
+  // ---- <SOLID_OPTIC> --------------------------------------------------------
+
+  // ---- <OPTIC_OUTPUT_DIRECTION> ---------------------------------------------
+
+  // ---- <OPTIC_OUTPUT_TO_SOFTWARE> -------------------------------------------
+
+  // ---- <SOLID_IC> -----------------------------------------------------------
+
+  // ---- <IC_PADDLE_SHIFT_OUTPUT_TIMES> ---------------------------------------
+
+  // ---- <IC_WIRE_SWEEP_OUTPUT_TIMES> -----------------------------------------
+
+  // ---- <SOLID_MCM> ----------------------------------------------------------
+
+  // ---- <TASKMANAGER> --------------------------------------------------------
+
+  // ---- <REMOTE_MACHINES> ----------------------------------------------------
+
+  // ---- <COMPUTING_MANAGER> --------------------------------------------------
+
+  // ---- Templates, page defaults and user-defined parameters -----------------
 
  private:
   // Page-availability flags, copied from the implementation object.

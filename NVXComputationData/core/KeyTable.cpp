@@ -5,7 +5,9 @@ namespace nvx {
 
 const Key* FindKey(const KeyList& keys, const std::string& name, std::uint8_t use) {
   for (const Key& key : keys) {
-    if ((key.use & use) != 0 && name == key.name) return &key;
+    if ((key.use & use) == 0) continue;
+    const bool custom = key.kind == KeyKind::kCustom && key.custom->matches != nullptr;
+    if (custom ? key.custom->matches(key, name) : name == key.name) return &key;
   }
   return nullptr;
 }

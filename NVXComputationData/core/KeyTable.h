@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "core/CustomKey.h"
 #include "core/OutputTimes.h"
 
 class CNVX3DComputationImpl;
@@ -25,6 +26,7 @@ enum class KeyKind : std::uint8_t {
   kLines,      // free text lines, written verbatim, never read
   kTimes,      // count key followed by "i = time" item lines; RSV: the count item
   kTimeArray,  // RSV only: the times of a block as a (count, 1) double array
+  kCustom,     // lines and items handled by the key's CustomOps
 };
 
 // Notation the KRN writer switches the stream to just before the value; the
@@ -64,6 +66,7 @@ struct Key {
   std::int32_t bias = 0;        // files hold the stored value plus bias
   std::int32_t fixedValue = 0;  // kFixedInt
   ImplHook afterRsvRead = nullptr;
+  const CustomOps* custom = nullptr;  // kCustom
 
   Key Sep(const char* s) const {
     Key k = *this;
@@ -134,6 +137,13 @@ inline Key Times(const char* countKey, OutputTimes& block) {
 inline Key TimeArray(const char* arrayName, OutputTimes& block) {
   Key k{arrayName, KeyKind::kTimeArray, &block};
   k.use = kRsv;
+  return k;
+}
+
+// A key handled by `ops`; `field` is whatever the operations work on.
+inline Key Custom(const char* name, void* field, const CustomOps& ops) {
+  Key k{name, KeyKind::kCustom, field};
+  k.custom = &ops;
   return k;
 }
 

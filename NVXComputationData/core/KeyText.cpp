@@ -68,6 +68,7 @@ std::vector<const SectionDef*> AllSections() {
 }
 
 bool IsUserKey(const Key& key) {
+  if (key.kind == KeyKind::kCustom) return (key.use & kKrnRead) != 0 && key.custom->format;
   return (key.use & kKrnRead) != 0 && key.kind != KeyKind::kLines &&
          key.kind != KeyKind::kFixedInt && key.kind != KeyKind::kTimeArray;
 }
@@ -96,6 +97,9 @@ std::string FormatValue(const Key& key) {
       }
       return text;
     }
+    case KeyKind::kCustom:
+      if (key.custom->format != nullptr) return key.custom->format(key);
+      break;
     case KeyKind::kLines:
     case KeyKind::kTimeArray:
       break;
@@ -146,6 +150,9 @@ bool ParseValue(const Key& key, const std::string& text, std::string* error) {
     case KeyKind::kWideText:
       key.As<std::wstring>() = platform::NarrowToWide(text);
       return true;
+    case KeyKind::kCustom:
+      if (key.custom->parse != nullptr) return key.custom->parse(key, text, error);
+      break;
     case KeyKind::kFixedInt:
     case KeyKind::kLines:
     case KeyKind::kTimeArray:

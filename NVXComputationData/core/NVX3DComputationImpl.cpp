@@ -78,6 +78,13 @@ void CNVX3DComputationImpl::ResetToDefaults() {
   const bool shell = modelKind == 1;
   if (sections.summary) nvx::ApplySummaryPreset(*sections.summary, shell);
   if (sections.fillPack) nvx::ResetFillPack(*sections.fillPack);
+  // Cooling, warpage and stress records.
+
+  // Advanced filling records.
+
+  // Viscoelastic, optics, IC packaging and multi-component records.
+
+  // Computing-resource records.
 }
 
 void CNVX3DComputationImpl::ApplyDataAdjustments() {
@@ -86,6 +93,13 @@ void CNVX3DComputationImpl::ApplyDataAdjustments() {
     if (freezeTemperature > 0.0) fp->ValueGateFreezeByTemperature = freezeTemperature;
     if (freezeFlowRateRatio > 0.0) fp->ValueGateFreezeByFlowRate = freezeFlowRateRatio;
   }
+  // Cooling, warpage and stress records.
+
+  // Advanced filling records.
+
+  // Viscoelastic, optics, IC packaging and multi-component records.
+
+  // Computing-resource records.
 }
 
 void CNVX3DComputationImpl::ApplyStressTimeAdjustments() {
@@ -119,6 +133,9 @@ bool CNVX3DComputationImpl::Load(const NVXData& d) {
     } else {
       ResetToDefaults();
       ApplyDataAdjustments();
+    }
+    if (mode == 1) {
+      // Mode 1 clears the long-fiber flag and the warpage setting.
     }
     return true;
   }

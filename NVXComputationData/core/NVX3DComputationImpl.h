@@ -11,40 +11,50 @@
 
 #include "core/NVXData.h"
 #include "krn/KRNDocument.h"
+#include "sections/Computing.h"
+#include "sections/Cool.h"
 #include "sections/FillPack.h"
+#include "sections/Foaming.h"
+#include "sections/HRSteady.h"
+#include "sections/IC.h"
+#include "sections/LongFiber.h"
+#include "sections/MCM.h"
+#include "sections/Optic.h"
+#include "sections/SlipBC.h"
 #include "sections/SolidStress.h"
 #include "sections/Summary.h"
+#include "sections/Viscoelastic.h"
 #include "sections/Warp.h"
 
-// A slot whose record does not exist yet, and the empty object of slot 1.
+// The empty placeholder object of slot 1.
 struct CNVX3DEmptyRecord {};
 
 // The section table. A failed allocation leaves a slot null.
 struct CNVX3DSectionTable {
   static constexpr int kSlotCount = 22;
 
-  std::unique_ptr<CNVX3DKRNDocument> document;          // 0
-  std::unique_ptr<CNVX3DEmptyRecord> placeholder;       // 1
-  std::unique_ptr<CNVX3DSummary> summary;               // 2
-  std::unique_ptr<CNVX3DFillPackTimeSteps> fillPack;    // 3
-  std::unique_ptr<CNVX3DEmptyRecord> cool;              // 4
-  std::unique_ptr<CNVX3DSolidWrap> warp;                // 5
-  std::unique_ptr<CNVX3DSolidStress> stress;            // 6
-  std::unique_ptr<CNVX3DEmptyRecord> optic;             // 7
-  std::unique_ptr<CNVX3DEmptyRecord> ic;                // 8
-  std::unique_ptr<CNVX3DEmptyRecord> ve;                // 9
-  std::unique_ptr<CNVX3DEmptyRecord> mcm;               // 10
-  std::unique_ptr<CNVX3DEmptyRecord> computingManager;  // 11
-  std::unique_ptr<CNVX3DEmptyRecord> taskManager;       // 12
-  std::unique_ptr<CNVX3DEmptyRecord> remoteMachines;    // 13
-  std::unique_ptr<CNVX3DEmptyRecord> longFiber;         // 14
-  std::unique_ptr<CNVX3DEmptyRecord> foaming;           // 15
-  std::unique_ptr<CNVX3DEmptyRecord> partInsert;        // 16
-  std::unique_ptr<CNVX3DEmptyRecord> veStress;          // 17
-  std::unique_ptr<CNVX3DEmptyRecord> veWarp;            // 18
-  std::unique_ptr<CNVX3DEmptyRecord> slip;              // 19
-  std::unique_ptr<CNVX3DEmptyRecord> veCuring;          // 20
-  std::unique_ptr<CNVX3DEmptyRecord> hrSteady;          // 21
+  std::unique_ptr<CNVX3DKRNDocument> document;               // 0
+  std::unique_ptr<CNVX3DEmptyRecord> placeholder;            // 1
+  std::unique_ptr<CNVX3DSummary> summary;                    // 2
+  std::unique_ptr<CNVX3DFillPackTimeSteps> fillPack;         // 3
+  std::unique_ptr<CNVX3DSolidCool> cool;                     // 4
+  std::unique_ptr<CNVX3DSolidWrap> warp;                     // 5
+  std::unique_ptr<CNVX3DSolidStress> stress;                 // 6
+  std::unique_ptr<CNVX3DSolidOptic> optic;                   // 7
+  std::unique_ptr<CNVX3DSolidIC> ic;                         // 8
+  std::unique_ptr<CNVX3DSolidVE> ve;                         // 9
+  std::unique_ptr<CNVX3DSolidMCM> mcm;                       // 10
+  std::unique_ptr<CNVX3DComputingManager> computingManager;  // 11
+  std::unique_ptr<CNVX3DTaskManager> taskManager;            // 12
+  std::unique_ptr<CNVX3DRemoteMachines> remoteMachines;      // 13
+  std::unique_ptr<CNVX3DLongFiber> longFiber;                // 14
+  std::unique_ptr<CNVX3DFoaming> foaming;                    // 15
+  std::unique_ptr<CNVX3DPartInsert> partInsert;              // 16
+  std::unique_ptr<CNVX3DVEStress> veStress;                  // 17
+  std::unique_ptr<CNVX3DVEWarp> veWarp;                      // 18
+  std::unique_ptr<CNVX3DSlipBC> slip;                        // 19
+  std::unique_ptr<CNVX3DVECuringStress> veCuring;            // 20
+  std::unique_ptr<CNVX3DHRSteady> hrSteady;                  // 21
 };
 
 // Indices of the page-availability flags (pages of the host's parameter dialog).

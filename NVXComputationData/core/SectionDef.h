@@ -3,12 +3,17 @@
 #ifndef NVX_CORE_SECTIONDEF_H_
 #define NVX_CORE_SECTIONDEF_H_
 
+#include <vector>
+
 #include "core/KeyTable.h"
 #include "krn/KRNTags.h"
 
 namespace nvx {
 
 class KrnStream;
+
+using RsvTableWriter = void (*)(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,
+                                CNVX3DComputationImpl& impl);
 
 struct SectionDef {
   KrnTag tag;
@@ -18,10 +23,18 @@ struct SectionDef {
   KeyList (*keys)(CNVX3DComputationImpl& impl);
   // Stream settings the writer applies before the opening tag.
   void (*beforeOpenTag)(KrnStream& out) = nullptr;
+  // A table whose layout the generic table writer and reader cannot follow
+  // (a group of tables, say) replaces them with these.
+  RsvTableWriter writeRsv = nullptr;
+  RsvTableWriter readRsv = nullptr;
 };
 
 // The section of `tag`, or nullptr while the section has no records yet.
 const SectionDef* FindSection(KrnTag tag);
+
+// Tables of the RSV file that belong to no KRN section of their own (their
+// `tag` names the section they travel with).
+const std::vector<const SectionDef*>& RsvOnlyTables();
 
 }  // namespace nvx
 

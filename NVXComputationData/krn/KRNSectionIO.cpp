@@ -1,6 +1,7 @@
 // Generic reading and writing of one KRN section from its key list.
 #include "krn/KRNSectionIO.h"
 
+#include <algorithm>
 #include <string>
 
 #include "NVXPlatform.h"
@@ -58,6 +59,7 @@ void WriteValue(const Key& key, KrnStream& out) {
       break;
     case KeyKind::kLines:
     case KeyKind::kTimeArray:
+    case KeyKind::kCustom:
       break;
   }
 }
@@ -92,6 +94,7 @@ void StoreKrnValue(const Key& key, std::string_view value) {
     case KeyKind::kLines:
     case KeyKind::kTimes:
     case KeyKind::kTimeArray:
+    case KeyKind::kCustom:
       break;
   }
 }
@@ -105,6 +108,11 @@ void ReadKrnSection(const SectionDef& def, LineSpan body, CNVX3DComputationImpl&
     if (key == nullptr) continue;
     if (key->kind == KeyKind::kTimes) {
       line += ReadTimes(key->As<OutputTimes>(), ParseInt(kv.value), line + 1, body.end());
+    } else if (key->kind == KeyKind::kCustom) {
+      if (key->custom->readKrn != nullptr) {
+        const std::size_t left = static_cast<std::size_t>(body.end() - (line + 1));
+        line += std::min(left, key->custom->readKrn(*key, kv.key, kv.value, line + 1, body.end()));
+      }
     } else {
       StoreKrnValue(*key, kv.value);
     }
@@ -118,6 +126,10 @@ void WriteKrnSection(const SectionDef& def, KrnStream& out, CNVX3DComputationImp
   for (const Key& key : def.keys(impl)) {
     if ((key.use & kKrnWrite) == 0) continue;
     if ((key.use & kTemplateOnly) != 0 && !templateWriting) continue;
+    if (key.kind == KeyKind::kCustom) {
+      if (key.custom->writeKrn != nullptr) key.custom->writeKrn(key, out);
+      continue;
+    }
     if (key.kind == KeyKind::kLines) {
       const auto& lines = key.As<std::vector<std::string>>();
       for (std::size_t i = 0; i < lines.size(); ++i) out.Line(At(lines, i));

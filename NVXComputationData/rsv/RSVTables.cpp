@@ -92,6 +92,9 @@ const SectionDef* SectionOfTable(const char* name) {
   for (const SectionDef* def : AllSections()) {
     if (def->rsvTable != nullptr && std::string(def->rsvTable) == name) return def;
   }
+  for (const SectionDef* def : RsvOnlyTables()) {
+    if (std::string(def->rsvTable) == name) return def;
+  }
   return nullptr;
 }
 
@@ -177,21 +180,16 @@ void SetItem(CRSVTable& table, const Key& key) {
     case KeyKind::kFixedInt:
       table.SetItem(key.name, static_cast<int>(key.fixedValue));
       break;
+    case KeyKind::kCustom:
+      if (key.custom->setItems != nullptr) key.custom->setItems(key, table);
+      break;
     case KeyKind::kLines:
     case KeyKind::kTimeArray:
       break;
   }
 }
 
-// Scratch values of one table read.
-struct Scratch {
-  int i = 0;
-  double d = 0.0;
-  bool b = false;
-  std::string s;
-};
-
-void GetItem(CRSVTable& table, const Key& key, Scratch& scratch) {
+void GetItem(CRSVTable& table, const Key& key, RsvScratch& scratch) {
   switch (key.kind) {
     case KeyKind::kInt:
       table.GetItem(key.name, &scratch.i);
@@ -217,6 +215,9 @@ void GetItem(CRSVTable& table, const Key& key, Scratch& scratch) {
       table.GetItem(key.name, &scratch.i);
       key.As<OutputTimes>().Count = scratch.i;
       break;
+    case KeyKind::kCustom:
+      if (key.custom->getItems != nullptr) key.custom->getItems(key, table, scratch);
+      break;
     case KeyKind::kFixedInt:
     case KeyKind::kLines:
     case KeyKind::kTimeArray:
@@ -228,6 +229,10 @@ void GetItem(CRSVTable& table, const Key& key, Scratch& scratch) {
 
 void WriteSectionTable(CRSVTool& tool, CRSVGroup* group, const SectionDef& def,
                        CNVX3DComputationImpl& impl) {
+  if (def.writeRsv != nullptr) {
+    def.writeRsv(tool, group, impl);
+    return;
+  }
   const KeyList keys = def.keys(impl);
   CRSVTable* table = tool.OpenTable(group, def.rsvTable);
   if (table == nullptr) table = tool.CreateTable(group, def.rsvTable);
@@ -239,17 +244,23 @@ void WriteSectionTable(CRSVTool& tool, CRSVGroup* group, const SectionDef& def,
     tool.CloseTable(table);
   }
   for (const Key& key : keys) {
-    if (key.kind == KeyKind::kTimeArray && (key.use & kRsvWrite) != 0) {
-      WriteTimeArray(tool, group, key);
+    if ((key.use & kRsvWrite) == 0) continue;
+    if (key.kind == KeyKind::kTimeArray) WriteTimeArray(tool, group, key);
+    if (key.kind == KeyKind::kCustom && key.custom->writeBeside != nullptr) {
+      key.custom->writeBeside(key, tool, group);
     }
   }
 }
 
 void ReadSectionTable(CRSVTool& tool, CRSVGroup* group, const SectionDef& def,
                       CNVX3DComputationImpl& impl) {
+  if (def.readRsv != nullptr) {
+    def.readRsv(tool, group, impl);
+    return;
+  }
   const KeyList keys = def.keys(impl);
   if (CRSVTable* table = tool.OpenTable(group, def.rsvTable)) {
-    Scratch scratch;
+    RsvScratch scratch;
     for (const Key& key : keys) {
       if ((key.use & kRsvRead) == 0 || key.kind == KeyKind::kTimeArray) continue;
       GetItem(*table, key, scratch);
@@ -258,8 +269,10 @@ void ReadSectionTable(CRSVTool& tool, CRSVGroup* group, const SectionDef& def,
     tool.CloseTable(table);
   }
   for (const Key& key : keys) {
-    if (key.kind == KeyKind::kTimeArray && (key.use & kRsvRead) != 0) {
-      ReadTimeArray(tool, group, key);
+    if ((key.use & kRsvRead) == 0) continue;
+    if (key.kind == KeyKind::kTimeArray) ReadTimeArray(tool, group, key);
+    if (key.kind == KeyKind::kCustom && key.custom->readBeside != nullptr) {
+      key.custom->readBeside(key, tool, group);
     }
   }
 }

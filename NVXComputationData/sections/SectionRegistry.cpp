@@ -1,30 +1,64 @@
 // Which sections have records: the tag-to-section table the document reader,
-// the document writers, the RSV tables and the command-line tool share.
+// the document writers, the RSV tables and the command-line tool share, and
+// the RSV tables that belong to no KRN section of their own.
 #include "core/SectionDef.h"
 #include "sections/FillPack.h"
 #include "sections/Summary.h"
 
 namespace nvx {
+namespace {
+
+// One entry per tag, in the order of KrnTag; nullptr while a section has no
+// records yet.
+const SectionDef* const kSections[kKrnTagCount] = {
+    &kSummarySection,          // SUMMARY
+    &kShellFillSection,        // SHELL_FILL
+    &kShellPackSection,        // SHELL_PACK
+    &kFillOutputTimesSection,  // FILL_OUTPUT_TIMES
+    nullptr,                   // FILL_ADVANCED_MCIM
+    nullptr,                   // FILL_ADVANCED_SlipBC
+    &kPackOutputTimesSection,  // PACK_OUTPUT_TIMES
+    nullptr,                   // SHELL_COOL
+    nullptr,                   // COOL_OUTPUT_TIMES
+    nullptr,                   // MoldPreheat_OUTPUT_TIMES
+    nullptr,                   // OPEN_OUTPUT_TIMES
+    nullptr,                   // SHELL_WARP
+    &kSolidFillSection,        // SOLID_FILL
+    &kSolidPackSection,        // SOLID_PACK
+    nullptr,                   // SOLID_COOL
+    nullptr,                   // SOLID_WARP
+    nullptr,                   // SOLID_STRESS
+    nullptr,                   // SOLID_VE
+    nullptr,                   // SOLID_VE_STRESS
+    nullptr,                   // SOLID_VE_CURING_STRESS
+    nullptr,                   // SOLID_VE_WARP
+    nullptr,                   // SOLID_OPTIC
+    nullptr,                   // OPTIC_OUTPUT_DIRECTION
+    nullptr,                   // OPTIC_OUTPUT_TO_SOFTWARE
+    nullptr,                   // SOLID_IC
+    nullptr,                   // IC_PADDLE_SHIFT_OUTPUT_TIMES
+    nullptr,                   // IC_WIRE_SWEEP_OUTPUT_TIMES
+    nullptr,                   // SOLID_MCM
+    nullptr,                   // TASKMANAGER
+    nullptr,                   // REMOTE_MACHINES
+    nullptr,                   // COMPUTING_MANAGER
+    nullptr,                   // FILL_ADVANCED_LONGFIBER
+    nullptr,                   // FILL_ADVANCED_HRSteady
+};
+
+}  // namespace
 
 const SectionDef* FindSection(KrnTag tag) {
-  switch (tag) {
-    case KrnTag::kSummary:
-      return &kSummarySection;
-    case KrnTag::kShellFill:
-      return &kShellFillSection;
-    case KrnTag::kShellPack:
-      return &kShellPackSection;
-    case KrnTag::kSolidFill:
-      return &kSolidFillSection;
-    case KrnTag::kSolidPack:
-      return &kSolidPackSection;
-    case KrnTag::kFillOutputTimes:
-      return &kFillOutputTimesSection;
-    case KrnTag::kPackOutputTimes:
-      return &kPackOutputTimesSection;
-    default:
-      return nullptr;
-  }
+  const std::size_t i = Index(tag);
+  return i < kKrnTagCount ? kSections[i] : nullptr;
+}
+
+const std::vector<const SectionDef*>& RsvOnlyTables() {
+  static const std::vector<const SectionDef*> tables = {
+      // PartInsert (travels with SOLID_STRESS)
+      // ValueMachineSetting (travels with REMOTE_MACHINES)
+  };
+  return tables;
 }
 
 }  // namespace nvx
