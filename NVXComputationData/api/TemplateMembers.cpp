@@ -41,8 +41,7 @@ bool CNVX3DComputation::ReSetPageToDefaultValue(int page) {
   nvx::TemplateKind kind = nvx::TemplateKind::kNone;
   // The buffer holds a path only once LoadGPDefaultTemplete has given one.
   const bool terminated = std::memchr(m_szDefaultTemplate, '\0', sizeof m_szDefaultTemplate);
-  if (terminated && defaults.m_pImpl != nullptr &&
-      defaults.LoadKRNFile(m_szDefaultTemplate)) {
+  if (terminated && defaults.m_pImpl != nullptr && defaults.LoadKRNFile(m_szDefaultTemplate)) {
     const CNVX3DKRNDocument& doc = *defaults.m_pImpl->sections.document;
     // A template that holds both kinds counts as a shell template.
     if (doc.IsPresent(nvx::KrnTag::kShellFill)) {
