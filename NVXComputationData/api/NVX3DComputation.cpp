@@ -58,6 +58,9 @@ bool CNVX3DComputation::IsFileExists() { return m_pImpl != nullptr && m_pImpl->f
 
 bool CNVX3DComputation::WriteKRNFile(std::string path, int asTemplate) {
   if (m_pImpl == nullptr) return false;
+  if (m_pImpl->data.ClearFiberModelOnWrite && m_pImpl->sections.longFiber) {
+    nvx::ClearFiberModelSettings(*m_pImpl->sections.longFiber);
+  }
   const int effective = m_bTemplateMode ? 1 : asTemplate;
   bool result = false;
   switch (m_pImpl->loadMode) {

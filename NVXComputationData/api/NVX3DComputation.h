@@ -79,6 +79,9 @@ class NVX_API CNVX3DComputation {
   // Generic members reaching the cooling, warpage and stress records.
 
   // Generic members reaching the advanced filling records.
+  // The version of the slip boundary record (0 without an implementation).
+  int GetVersion();
+  void SetVersion(int version);
 
   // Generic members reaching the viscoelastic, optics, IC and multi-component
   // records.
@@ -334,12 +337,120 @@ class NVX_API CNVX3DComputation {
   // ---- <SOLID_STRESS> -------------------------------------------------------
 
   // ---- <FILL_ADVANCED_LONGFIBER> --------------------------------------------
+  // Getters with an int result return 1 (0 without an implementation).
+  // GetFiberBreakage/SetFiberBreakage reach "FlagScrewFiberBreakage", not
+  // "FlagFiberBreakage" (deliberate), and the particle-diameter setter is
+  // spelt with a small "d".
+  int GetAdvancedFiberVersion(int& version);
+  void SetAdvancedFiberVersion(int version);
+  int GetAdvancedFiberOrthotropicClosureMethod(int& method);
+  void SetAdvancedFiberOrthotropicClosureMethod(int method);
+  int GetAdvancedFiberModifiedFactor(double& factor);
+  void SetAdvancedFiberModifiedFactor(double factor);
+  int GetAdvancedFiberDiffusionModelType(int& type);
+  void SetAdvancedFiberDiffusionModelType(int type);
+  int GetAdvancedFiberCf(double& cf);
+  void SetAdvancedFiberCf(double cf);
+  int GetAdvancedFiberCm(double& cm);
+  void SetAdvancedFiberCm(double cm);
+  int GetAdvancedb1(double& b1);
+  void SetAdvancedb1(double b1);
+  int GetAdvancedb2(double& b2);
+  void SetAdvancedb2(double b2);
+  int GetAdvancedb3(double& b3);
+  void SetAdvancedb3(double b3);
+  int GetAdvancedb4(double& b4);
+  void SetAdvancedb4(double b4);
+  int GetAdvancedb5(double& b5);
+  void SetAdvancedb5(double b5);
+  int GetFiberType(int& type);
+  void SetFiberType(int type);
+  int GetFiberRatio(double& ratio);
+  void SetFiberRatio(double ratio);
+  int GetFiberWeight(double& weight);
+  void SetFiberWeight(double weight);
+  void GetFlagFiberBreakage(bool& flag);
+  void SetFlagFiberBreakage(bool flag);
+  void GetValueFiberDiameter(double& diameter);
+  void SetValueFiberDiameter(double diameter);
+  void GetValueFiberBreakageCD(double& cd);
+  void SetValueFiberBreakageCD(double cd);
+  void GetValueFiberBreakageCB(double& cb);
+  void SetValueFiberBreakageCB(double cb);
+  void GetValueFiberBreakageS(double& s);
+  void SetValueFiberBreakageS(double s);
+  bool GetFiberBreakage();
+  void SetFiberBreakage(bool flag);
+  int GetHasConcertration();
+  void SetHasConcertration(int flag);
+  double GetParticleDiameter();
+  void SetParticlediameter(double diameter);
+  double GetAverageConcentration();
+  void SetAverageConcentration(double concentration);
+  double GetParticleFrictionIndex();
+  void SetParticleFrictionIndex(double index);
 
   // ---- <FILL_ADVANCED_HRSteady> ---------------------------------------------
+  // Getters with an int result return 1 (0 without an implementation), except
+  // GetAdvancedHotRunnerSteadyGateInfo: 1 when `gate` is in the list and
+  // `which` is 0 or 1, else 0 with `value` untouched. The gate count is the
+  // number of gate lines written; it does not resize the list, and
+  // SetAdvancedHotRunnerSteadyVectorSize does not change it.
+  int GetAdvancedHRVersion(int& version);
+  void SetAdvancedHRVersion(int version);
+  int GetAdvancedHotRunnerSteadyFlowRate(double& rate);
+  void SetAdvancedHotRunnerSteadyFlowRate(double rate);
+  int GetAdvancedHotRunnerSteadyConvergenceCriteria(double& criteria);
+  void SetAdvancedHotRunnerSteadyConvergenceCriteria(double criteria);
+  int GetAdvancedHotRunnerSteadyNumberOfHotRunnerGate(int& count);
+  void SetAdvancedHotRunnerSteadyNumberOfHotRunnerGate(int count);
+  int GetAdvancedHotRunnerSteadyGateType(int& type);
+  void SetAdvancedHotRunnerSteadyGateType(int type);
+  // Resizes the gate list to `size` entries (new ones zero; negative: empty).
+  void SetAdvancedHotRunnerSteadyVectorSize(int size);
+  int GetAdvancedHotRunnerSteadyGateInfo(int gate, int which, double& value);
+  void SetAdvancedHotRunnerSteadyGateInfo(int gate, int which, double value);
 
   // ---- <FILL_ADVANCED_MCIM> -------------------------------------------------
+  // Getters return 1 (0 without an implementation). The gas solubility is
+  // replaced on every LoadKRNFile(NVXData) from the per-user foaming material
+  // table; its getter is spelt with a small "s", and ThresholdofBubbleFt is
+  // reached as "Jt". FlagEstimateBubble has no RSV item: it survives only in
+  // KRN files.
+  int GetFoamingVersion(int& version);
+  void SetFoamingVersion(int version);
+  int GetFoamingFlagEstimateBubble(int& flag);
+  void SetFoamingFlagEstimateBubble(int flag);
+  int GetFoamingGasType(int& type);
+  void SetFoamingGasType(int type);
+  int GetFoamingBubbleType(int& model);
+  void SetFoamingBubbleType(int model);
+  int GetFoamingPolyMolecularWeight(double& weight);
+  void SetFoamingPolyMolecularWeight(double weight);
+  int GetFoamingDiffusionCoef(double& coefficient);
+  void SetFoamingDiffusionCoef(double coefficient);
+  int GetFoamingsolubilityParm(double& solubility);
+  void SetFoamingSolubilityParm(double solubility);
+  int GetFoamingSurfaceTension(double& tension);
+  void SetFoamingSurfaceTension(double tension);
+  int GetFoamingF0(double& f0);
+  void SetFoamingF0(double f0);
+  int GetFoamingF(double& f);
+  void SetFoamingF(double f);
+  int GetFoamingJt(double& threshold);
+  void SetFoamingJt(double threshold);
 
   // ---- <FILL_ADVANCED_SlipBC> -----------------------------------------------
+  // Getters return the value (0 or 0.0 without an implementation), unlike the
+  // foaming getters. The version has no accessor here: GetVersion/SetVersion.
+  int GetFlagSlipBC();
+  void SetFlagSlipBC(int flag);
+  int GetFlagSlipExcludeRunner();
+  void SetFlagSlipExcludeRunner(int flag);
+  double GetValueSlipCoeff();
+  void SetValueSlipCoeff(double coefficient);
+  double GetValueSlipFrictionForce();
+  void SetValueSlipFrictionForce(double force);
 
   // ---- <SOLID_VE> -----------------------------------------------------------
 

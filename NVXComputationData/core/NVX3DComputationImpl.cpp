@@ -6,6 +6,7 @@
 
 #include "NVXPlatform.h"
 #include "krn/KRNSectionIO.h"
+#include "userfiles/FoamingMaterial.h"
 
 namespace {
 
@@ -81,6 +82,14 @@ void CNVX3DComputationImpl::ResetToDefaults() {
   // Cooling, warpage and stress records.
 
   // Advanced filling records.
+  if (sections.longFiber) nvx::ResetLongFiber(*sections.longFiber);
+  if (sections.foaming) nvx::ResetFoaming(*sections.foaming);
+  if (sections.slip) nvx::ResetSlipBC(*sections.slip);
+  if (sections.hrSteady) nvx::ResetHRSteady(*sections.hrSteady);
+  // The gas solubility of the project's material replaces the built-in one on
+  // every reset, so that each load (whichever reset it ends with) consults
+  // the per-user foaming material table.
+  nvx::ApplyFoamingMaterial(*this);
 
   // Viscoelastic, optics, IC packaging and multi-component records.
 
@@ -135,7 +144,10 @@ bool CNVX3DComputationImpl::Load(const NVXData& d) {
       ApplyDataAdjustments();
     }
     if (mode == 1) {
-      // Mode 1 clears the long-fiber flag and the warpage setting.
+      // Mode 1 clears the long-fiber flag and the warpage setting. The
+      // long-fiber flag is the fibre-breakage flag, the record's only flag
+      // that also travels in RSV.
+      if (sections.longFiber) sections.longFiber->FlagFiberBreakage = false;
     }
     return true;
   }
@@ -148,6 +160,10 @@ bool CNVX3DComputationImpl::Load(const NVXData& d) {
       if (fileExists) {
         krnPath = nvx::platform::NarrowToWide(d.KRNFilePath);
         ReadKrn(d.KRNFilePath);
+        // Load mode 0 takes the project's fibre values over the file's.
+        if (loadMode == 0 && sections.longFiber) {
+          nvx::TakeFiberValues(*sections.longFiber, d.FiberAspectRatio, d.FiberWeight);
+        }
       } else {
         ResetToDefaults();
       }

@@ -3,6 +3,10 @@
 // the RSV tables that belong to no KRN section of their own.
 #include "core/SectionDef.h"
 #include "sections/FillPack.h"
+#include "sections/Foaming.h"
+#include "sections/HRSteady.h"
+#include "sections/LongFiber.h"
+#include "sections/SlipBC.h"
 #include "sections/Summary.h"
 
 namespace nvx {
@@ -15,8 +19,8 @@ const SectionDef* const kSections[kKrnTagCount] = {
     &kShellFillSection,        // SHELL_FILL
     &kShellPackSection,        // SHELL_PACK
     &kFillOutputTimesSection,  // FILL_OUTPUT_TIMES
-    nullptr,                   // FILL_ADVANCED_MCIM
-    nullptr,                   // FILL_ADVANCED_SlipBC
+    &kFoamingSection,          // FILL_ADVANCED_MCIM
+    &kSlipBCSection,           // FILL_ADVANCED_SlipBC
     &kPackOutputTimesSection,  // PACK_OUTPUT_TIMES
     nullptr,                   // SHELL_COOL
     nullptr,                   // COOL_OUTPUT_TIMES
@@ -42,8 +46,8 @@ const SectionDef* const kSections[kKrnTagCount] = {
     nullptr,                   // TASKMANAGER
     nullptr,                   // REMOTE_MACHINES
     nullptr,                   // COMPUTING_MANAGER
-    nullptr,                   // FILL_ADVANCED_LONGFIBER
-    nullptr,                   // FILL_ADVANCED_HRSteady
+    &kLongFiberSection,        // FILL_ADVANCED_LONGFIBER
+    &kHRSteadySection,         // FILL_ADVANCED_HRSteady
 };
 
 }  // namespace
