@@ -14,41 +14,43 @@ namespace {
 
 // One entry per tag, in the order of KrnTag; nullptr while a section has no
 // records yet.
+// clang-format off
 const SectionDef* const kSections[kKrnTagCount] = {
-    &kSummarySection,                   // SUMMARY
-    &kShellFillSection,                 // SHELL_FILL
-    &kShellPackSection,                 // SHELL_PACK
-    &kFillOutputTimesSection,           // FILL_OUTPUT_TIMES
-    nullptr,                            // FILL_ADVANCED_MCIM
-    nullptr,                            // FILL_ADVANCED_SlipBC
-    &kPackOutputTimesSection,           // PACK_OUTPUT_TIMES
-    nullptr,                            // SHELL_COOL
-    nullptr,                            // COOL_OUTPUT_TIMES
-    nullptr,                            // MoldPreheat_OUTPUT_TIMES
-    nullptr,                            // OPEN_OUTPUT_TIMES
-    nullptr,                            // SHELL_WARP
-    &kSolidFillSection,                 // SOLID_FILL
-    &kSolidPackSection,                 // SOLID_PACK
-    nullptr,                            // SOLID_COOL
-    nullptr,                            // SOLID_WARP
-    nullptr,                            // SOLID_STRESS
-    &kSolidVESection,                   // SOLID_VE
-    &kSolidVEStressSection,             // SOLID_VE_STRESS
-    &kSolidVECuringStressSection,       // SOLID_VE_CURING_STRESS
-    &kSolidVEWarpSection,               // SOLID_VE_WARP
-    &kSolidOpticSection,                // SOLID_OPTIC
-    &kOpticOutputDirectionSection,      // OPTIC_OUTPUT_DIRECTION
-    &kOpticOutputToSoftwareSection,     // OPTIC_OUTPUT_TO_SOFTWARE
-    &kSolidICSection,                   // SOLID_IC
-    &kICPaddleShiftOutputTimesSection,  // IC_PADDLE_SHIFT_OUTPUT_TIMES
-    &kICWireSweepOutputTimesSection,    // IC_WIRE_SWEEP_OUTPUT_TIMES
-    &kSolidMCMSection,                  // SOLID_MCM
-    nullptr,                            // TASKMANAGER
-    nullptr,                            // REMOTE_MACHINES
-    nullptr,                            // COMPUTING_MANAGER
-    nullptr,                            // FILL_ADVANCED_LONGFIBER
-    nullptr,                            // FILL_ADVANCED_HRSteady
+    &kSummarySection,          // SUMMARY
+    &kShellFillSection,        // SHELL_FILL
+    &kShellPackSection,        // SHELL_PACK
+    &kFillOutputTimesSection,  // FILL_OUTPUT_TIMES
+    nullptr,                   // FILL_ADVANCED_MCIM
+    nullptr,                   // FILL_ADVANCED_SlipBC
+    &kPackOutputTimesSection,  // PACK_OUTPUT_TIMES
+    nullptr,                   // SHELL_COOL
+    nullptr,                   // COOL_OUTPUT_TIMES
+    nullptr,                   // MoldPreheat_OUTPUT_TIMES
+    nullptr,                   // OPEN_OUTPUT_TIMES
+    nullptr,                   // SHELL_WARP
+    &kSolidFillSection,        // SOLID_FILL
+    &kSolidPackSection,        // SOLID_PACK
+    nullptr,                   // SOLID_COOL
+    nullptr,                   // SOLID_WARP
+    nullptr,                   // SOLID_STRESS
+    &kSolidVESection,          // SOLID_VE
+    &kSolidVEStressSection,    // SOLID_VE_STRESS
+    &kSolidVECuringStressSection, // SOLID_VE_CURING_STRESS
+    &kSolidVEWarpSection,      // SOLID_VE_WARP
+    &kSolidOpticSection,       // SOLID_OPTIC
+    &kOpticOutputDirectionSection, // OPTIC_OUTPUT_DIRECTION
+    &kOpticOutputToSoftwareSection, // OPTIC_OUTPUT_TO_SOFTWARE
+    &kSolidICSection,          // SOLID_IC
+    &kICPaddleShiftOutputTimesSection, // IC_PADDLE_SHIFT_OUTPUT_TIMES
+    &kICWireSweepOutputTimesSection, // IC_WIRE_SWEEP_OUTPUT_TIMES
+    &kSolidMCMSection,         // SOLID_MCM
+    nullptr,                   // TASKMANAGER
+    nullptr,                   // REMOTE_MACHINES
+    nullptr,                   // COMPUTING_MANAGER
+    nullptr,                   // FILL_ADVANCED_LONGFIBER
+    nullptr,                   // FILL_ADVANCED_HRSteady
 };
+// clang-format on
 
 }  // namespace
 
