@@ -453,26 +453,211 @@ class NVX_API CNVX3DComputation {
   void SetValueSlipFrictionForce(double force);
 
   // ---- <SOLID_VE> -----------------------------------------------------------
+  // Getters return the value. Setting the cool stage to exactly 1 also sets
+  // the flow/pack stage flag to 1; other values leave it.
+  void SetSolidVEVersion(int version);
+  int GetSolidVEVersion(int& version);
+  void SetSolidVEFlagEstimateFlowPackStage(int flag);
+  int GetSolidVEFlagEstimateFlowPackStage(int& flag);
+  void SetSolidVEFlagEstimateCoolStage(int flag);
+  int GetSolidVEFlagEstimateCoolStage(int& flag);
+  void SetSolidVEFlagEstimateEjection(int flag);
+  int GetSolidVEFlagEstimateEjection(int& flag);
 
   // ---- <SOLID_VE_STRESS> ----------------------------------------------------
+  // The VE stress record; getters return the value. "Trerss" and "Rnu" are
+  // the interface's spelling. GetFlagConsiderWarp reaches the stress record's
+  // own consider-warp field (in no file). The E0/time curve: SetE0Time sets
+  // its point count (added points are (0, 0)); GetE0Time gives the count, 0
+  // without a curve and -1 when its two lists differ; SetE0T ignores an index
+  // outside the curve and GetE0T then leaves its outputs untouched.
+  void SetVESTrerssVersion(int version);
+  int GetVESTrerssVersion();
+  void SetFlagRunVEMat(int flag);
+  int GetFlagRunVEMat();
+  void SetFlagConsiderStress(int flag);
+  int GetFlagConsiderStress();
+  void SetFlagConsiderWarp(int flag);
+  int GetFlagConsiderWarp();
+  void SetFlagRnuTimeTempSetting(int flag);
+  int GetFlagRnuTimeTempSetting();
+  void SetC1(double c1);
+  double GetC1();
+  void SetC2(double c2);
+  double GetC2();
+  void SetTref(double tref);
+  double GetTref();
+  void SetElasticModulusRatio(double ratio);
+  double GetElasticModulusRatio();
+  void SetE0Time(int count);
+  void GetE0Time(int& count);
+  void SetE0T(int index, double e0, double time);
+  void GetE0T(int index, double& e0, double& time);
 
   // ---- <SOLID_VE_CURING_STRESS> ---------------------------------------------
+  // The VE curing record; getters return the value. The curve is the "PARA"
+  // point list and behaves as the E0/time curve of <SOLID_VE_STRESS>.
+  void SetVEStressCuringVersion(int version);
+  int GetVEStressCuringVersion();
+  void SetVEStressModelType(int type);
+  int GetVEStressModelType();
+  void SetVEStressCuringParaConst(double value);
+  double GetVEStressCuringParaConst();
+  void SetVEStressCuringParaCount(int count);
+  void GetVEStressCuringParacount(int& count);
+  void SetVEStressCuringPara(int index, double first, double second);
+  void GetVEStressCuringPara(int index, double& first, double& second);
 
   // ---- <SOLID_VE_WARP> ------------------------------------------------------
+  // The VE warp record, as <SOLID_VE_STRESS>; getters return the value.
+  void SetVEWarpVersion(int version);
+  int GetVEWarpVersion();
+  void SetFlagConsiderVEWarp(int flag);
+  int GetFlagConsiderVEWarp();
+  void SetVEWarpFlagRnuTimeTempSetting(int flag);
+  int GetVEWarpFlagRnuTimeTempSetting();
+  void SetVEWarpC1(double c1);
+  double GetVEWarpC1();
+  void SetVEWarpC2(double c2);
+  double GetVEWarpC2();
+  void SetVEWarpTref(double tref);
+  double GetVEWarpTref();
+  void SetVEWarpElasticModulusRatio(double ratio);
+  double GetVEWarpElasticModulusRatio();
+  void SetVEWarpE0Time(int count);
+  void GetVEWarpE0Time(int& count);
+  void SetVEWarpE0T(int index, double e0, double time);
+  void GetVEWarpE0T(int index, double& e0, double& time);
 
   // ---- <SOLID_OPTIC> --------------------------------------------------------
+  // Integer getters return the value; the bool getter returns 1.
+  void SetSolidOpticVersion(int version);
+  int GetSolidOpticVersion(int& version);
+  void SetSolidOpticFlagEstimateOpticProperty(int flag);
+  int GetSolidOpticFlagEstimateOpticProperty(int& flag);
+  void SetSolidOpticFlagDarkField(int flag);
+  int GetSolidOpticFlagDarkField(int& flag);
+  void SetSolidOpticFlagLightField(int flag);
+  int GetSolidOpticFlagLightField(int& flag);
+  void SetSolidOpticFlagWhiteLight(int flag);
+  int GetSolidOpticFlagWhiteLight(int& flag);
+  void SetSolidOpticFlagRemoveRunner(int flag);
+  int GetSolidOpticFlagRemoveRunner(int& flag);
+  void SetSolidOpticFlagMonochromaticWaveLength(int flag);
+  int GetSolidOpticFlagMonochromaticWaveLength(int& flag);
+  void SetSolidOpticValueMonochromaticWaveLength(int waveLength);
+  int GetSolidOpticValueMonochromaticWaveLength(int& waveLength);
+  void SetSolidOpticFlagOutputToOpticalSoftware(bool flag);
+  int GetSolidOpticFlagOutputToOpticalSoftware(bool& flag);
 
   // ---- <OPTIC_OUTPUT_DIRECTION> ---------------------------------------------
+  // The direction count is kept apart from the direction list: the list
+  // operations never change it, and a KRN write with a count larger than a
+  // non-empty list throws "invalid vector<T> subscript". Count getters return
+  // the value. SetOpticDirectionValueOpticLightDirectionValue replaces entry
+  // i, or appends when i is at or past the end (a negative i does nothing).
+  // GetOpticDirectionValueOpticLightDirectionValue returns 1; it leaves its
+  // outputs untouched on an empty list and throws "invalid vector<T>
+  // subscript" for an index outside a non-empty one. The delete returns 1 and
+  // removes nothing for an index outside the list.
+  void SetSolidOpticDirectionVersion(int version);
+  int GetSolidOpticDirectionVersion(int& version);
+  void SetSolidOpticDirectionValueOpticLightDirection(int count);
+  int GetSolidOpticDirectionValueOpticLightDirection(int& count);
+  void SetOpticDirectionValueOpticLightDirectionValue(int index, double x, double y, double z);
+  int GetOpticDirectionValueOpticLightDirectionValue(int index, double& x, double& y, double& z);
+  int DeleteOpticDirectionValueOpticLightDirectionItem(int index);
 
   // ---- <OPTIC_OUTPUT_TO_SOFTWARE> -------------------------------------------
+  // Integer getters return the value; text getters return 1. "Refractiveindex"
+  // is the interface's spelling.
+  void SetSolidOpticOpticalSoftware(std::string software);
+  int GetSolidOpticOpticalSoftware(std::string& software);
+  void SetSolidOpticOutputBC(int outputBC);
+  int GetSolidOpticOutputBC(int& outputBC);
+  void SetSolidOpticFlagDeformedShape(int flag);
+  int GetSolidOpticFlagDeformedShape(int& flag);
+  void SetSolidOpticFlagRefractiveindex(int flag);
+  int GetSolidOpticFlagRefractiveindex(int& flag);
+  void SetSolidOpticFlagBirefringence(int flag);
+  int GetSolidOpticFlagBirefringence(int& flag);
+  void SetSolidOpticOutputDirectory(std::string directory);
+  int GetSolidOpticOutputDirectory(std::string& directory);
 
   // ---- <SOLID_IC> -----------------------------------------------------------
+  // Integer getters return the value; the others return 1. The geometric
+  // non-linearity of the wire sweep has no accessor: it shares the field of
+  // SetSolidICFlagWireSweepNonLinearOption.
+  void SetSolidICVersion(int version);
+  int GetSolidICVersion(int& version);
+  void SetSolidICFlagStressSolverType(int type);
+  int GetSolidICFlagStressSolverType(int& type);
+  void SetSolidICFlagANSYSStressSolverAnalysisType(int type);
+  int GetSolidICFlagANSYSStressSolverAnalysisType(int& type);
+  void SetSolidICFlagDragForceModel(int model);
+  int GetSolidICFlagDragForceModel(int& model);
+  void SetSolidICFlagWireSweepNonLinearOption(int option);
+  int GetSolidICFlagWireSweepNonLinearOption(int& option);
+  void SetFlagWireSweepNLMatOption(int option);
+  int GetFlagWireSweepNLMatOption(int& option);
+  void SetSolidICFlagPaddleShiftNonLinearOption(int option);
+  int GetSolidICFlagPaddleShiftNonLinearOption(int& option);
+  void SetSolidICANSYSStressSolverDirectory(std::string directory);
+  int GetSolidICANSYSStressSolverDirectory(std::string& directory);
+  void SetSolidICABAQUSStressSolverDirectory(std::string directory);
+  int GetSolidICABAQUSStressSolverDirectory(std::string& directory);
+  void SetSolidICOutputBatchFileDirectory(std::string directory);
+  int GetSolidICOutputBatchFileDirectory(std::string& directory);
+  void SetWireCrossOverTolerance(double tolerance);
+  int GetWireCrossOverTolerance(double& tolerance);
 
   // ---- <IC_PADDLE_SHIFT_OUTPUT_TIMES> ---------------------------------------
+  // Integer getters return the value, the others 1, except
+  // GetSolidICICPaddleVersion, which leaves its argument untouched and returns
+  // 1 whatever version is stored. The count setter appends zeros or drops
+  // times by the difference to the stored count; time indices are 0-based and
+  // bounds-tested. "SolidIIC" is the interface's spelling.
+  void SetSolidICICPaddleVersion(int version);
+  int GetSolidICICPaddleVersion(int& version);
+  void SetSolidICICPaddleFlagAutoLoadIntermediateResult(int flag);
+  int GetSolidICICPaddleFlagAutoLoadIntermediateResult(int& flag);
+  void SetSolidICICPaddleValueCheckIntermediteTimeSpan(double span);
+  int GetSolidICICPaddleValueCheckIntermediteTimeSpan(double& span);
+  void SetSolidICICPaddleValueNoPaddleShiftTime(int count);
+  int GetSolidICICPaddleValueNoPaddleShiftTime(int& count);
+  void SetSolidIICPaddleValueNoPaddleShiftTimeValue(int index, double time);
+  int GetSolidIICPaddleValueNoPaddleShiftTimeValue(int index, double& time);
 
   // ---- <IC_WIRE_SWEEP_OUTPUT_TIMES> -----------------------------------------
+  // As <IC_PADDLE_SHIFT_OUTPUT_TIMES>: GetSolidICICWireSweepVersion too leaves
+  // its argument untouched and returns 1. These times live only in KRN files.
+  void SetSolidICICWireSweepVersion(int version);
+  int GetSolidICICWireSweepVersion(int& version);
+  void SetSolidICICWireSweepFlagAutoLoadIntermediateResult(int flag);
+  int GetSolidICICWireSweepFlagAutoLoadIntermediateResult(int& flag);
+  void SetSolidICICWireSweepValueCheckIntermediteTimeSpan(double span);
+  int GetSolidICICWireSweepValueCheckIntermediteTimeSpan(double& span);
+  void SetSolidICValueNoWireSweepTime(int count);
+  int GetSolidICValueNoWireSweepTime(int& count);
+  void SetSolidICValueNoWireSweepTimeValue(int index, double time);
+  int GetSolidICValueNoWireSweepTimeValue(int index, double& time);
 
   // ---- <SOLID_MCM> ----------------------------------------------------------
+  // Getters fill the reference; their result (the value for ints, 1 for the
+  // rest) is not a status. The ...ValueShotProject pair reaches the key
+  // "FlagPrevShotProject".
+  void SetSolidMCMVersion(int version);
+  int GetSolidMCMVersion(int& version);
+  void SetSolidMCMFlagPrevShot(bool flag);
+  int GetSolidMCMFlagPrevShot(bool& flag);
+  void SetSolidMCMValueShotRunID(int runID);
+  int GetSolidMCMValueShotRunID(int& runID);
+  void SetSolidMCMValueShotProject(bool flag);
+  int GetSolidMCMValueShotProject(bool& flag);
+  void SetSolidMCMValueShotProjectPath(std::string path);
+  int GetSolidMCMValueShotProjectPath(std::string& path);
+  void SetSolidMCMValueShotProjectName(std::string name);
+  int GetSolidMCMValueShotProjectName(std::string& name);
 
   // ---- <TASKMANAGER> --------------------------------------------------------
 

@@ -92,6 +92,13 @@ void CNVX3DComputationImpl::ResetToDefaults() {
   nvx::ApplyFoamingMaterial(*this);
 
   // Viscoelastic, optics, IC packaging and multi-component records.
+  if (sections.ve) *sections.ve = CNVX3DSolidVE();
+  if (sections.veStress) nvx::ResetVECurve(*sections.veStress);
+  if (sections.veWarp) nvx::ResetVECurve(*sections.veWarp);
+  if (sections.veCuring) nvx::ResetVECuring(*sections.veCuring);
+  if (sections.optic) *sections.optic = CNVX3DSolidOptic();
+  if (sections.ic) *sections.ic = CNVX3DSolidIC();
+  if (sections.mcm) *sections.mcm = CNVX3DSolidMCM();
 
   // Computing-resource records.
 }
@@ -107,6 +114,7 @@ void CNVX3DComputationImpl::ApplyDataAdjustments() {
   // Advanced filling records.
 
   // Viscoelastic, optics, IC packaging and multi-component records.
+  if (mode == 3 && sections.ic) nvx::ApplyICModeThree(*sections.ic);
 
   // Computing-resource records.
 }

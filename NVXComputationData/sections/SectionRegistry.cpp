@@ -5,15 +5,20 @@
 #include "sections/FillPack.h"
 #include "sections/Foaming.h"
 #include "sections/HRSteady.h"
+#include "sections/IC.h"
 #include "sections/LongFiber.h"
+#include "sections/MCM.h"
+#include "sections/Optic.h"
 #include "sections/SlipBC.h"
 #include "sections/Summary.h"
+#include "sections/Viscoelastic.h"
 
 namespace nvx {
 namespace {
 
 // One entry per tag, in the order of KrnTag; nullptr while a section has no
 // records yet.
+// clang-format off
 const SectionDef* const kSections[kKrnTagCount] = {
     &kSummarySection,          // SUMMARY
     &kShellFillSection,        // SHELL_FILL
@@ -32,23 +37,24 @@ const SectionDef* const kSections[kKrnTagCount] = {
     nullptr,                   // SOLID_COOL
     nullptr,                   // SOLID_WARP
     nullptr,                   // SOLID_STRESS
-    nullptr,                   // SOLID_VE
-    nullptr,                   // SOLID_VE_STRESS
-    nullptr,                   // SOLID_VE_CURING_STRESS
-    nullptr,                   // SOLID_VE_WARP
-    nullptr,                   // SOLID_OPTIC
-    nullptr,                   // OPTIC_OUTPUT_DIRECTION
-    nullptr,                   // OPTIC_OUTPUT_TO_SOFTWARE
-    nullptr,                   // SOLID_IC
-    nullptr,                   // IC_PADDLE_SHIFT_OUTPUT_TIMES
-    nullptr,                   // IC_WIRE_SWEEP_OUTPUT_TIMES
-    nullptr,                   // SOLID_MCM
+    &kSolidVESection,          // SOLID_VE
+    &kSolidVEStressSection,    // SOLID_VE_STRESS
+    &kSolidVECuringStressSection, // SOLID_VE_CURING_STRESS
+    &kSolidVEWarpSection,      // SOLID_VE_WARP
+    &kSolidOpticSection,       // SOLID_OPTIC
+    &kOpticOutputDirectionSection, // OPTIC_OUTPUT_DIRECTION
+    &kOpticOutputToSoftwareSection, // OPTIC_OUTPUT_TO_SOFTWARE
+    &kSolidICSection,          // SOLID_IC
+    &kICPaddleShiftOutputTimesSection, // IC_PADDLE_SHIFT_OUTPUT_TIMES
+    &kICWireSweepOutputTimesSection, // IC_WIRE_SWEEP_OUTPUT_TIMES
+    &kSolidMCMSection,         // SOLID_MCM
     nullptr,                   // TASKMANAGER
     nullptr,                   // REMOTE_MACHINES
     nullptr,                   // COMPUTING_MANAGER
     &kLongFiberSection,        // FILL_ADVANCED_LONGFIBER
     &kHRSteadySection,         // FILL_ADVANCED_HRSteady
 };
+// clang-format on
 
 }  // namespace
 
