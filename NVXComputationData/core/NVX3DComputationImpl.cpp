@@ -85,6 +85,7 @@ void CNVX3DComputationImpl::ResetToDefaults() {
   // Viscoelastic, optics, IC packaging and multi-component records.
 
   // Computing-resource records.
+  nvx::ResetComputing(*this);
 }
 
 void CNVX3DComputationImpl::ApplyDataAdjustments() {
@@ -100,6 +101,7 @@ void CNVX3DComputationImpl::ApplyDataAdjustments() {
   // Viscoelastic, optics, IC packaging and multi-component records.
 
   // Computing-resource records.
+  if (mode == 3) nvx::ApplyComputingManagerMode(*this);
 }
 
 void CNVX3DComputationImpl::ApplyStressTimeAdjustments() {

@@ -2,6 +2,7 @@
 // the document writers, the RSV tables and the command-line tool share, and
 // the RSV tables that belong to no KRN section of their own.
 #include "core/SectionDef.h"
+#include "sections/Computing.h"
 #include "sections/FillPack.h"
 #include "sections/Summary.h"
 
@@ -39,9 +40,9 @@ const SectionDef* const kSections[kKrnTagCount] = {
     nullptr,                   // IC_PADDLE_SHIFT_OUTPUT_TIMES
     nullptr,                   // IC_WIRE_SWEEP_OUTPUT_TIMES
     nullptr,                   // SOLID_MCM
-    nullptr,                   // TASKMANAGER
-    nullptr,                   // REMOTE_MACHINES
-    nullptr,                   // COMPUTING_MANAGER
+    &kTaskManagerSection,      // TASKMANAGER
+    &kRemoteMachinesSection,   // REMOTE_MACHINES
+    &kCompManagerSection,      // COMPUTING_MANAGER
     nullptr,                   // FILL_ADVANCED_LONGFIBER
     nullptr,                   // FILL_ADVANCED_HRSteady
 };
@@ -56,7 +57,7 @@ const SectionDef* FindSection(KrnTag tag) {
 const std::vector<const SectionDef*>& RsvOnlyTables() {
   static const std::vector<const SectionDef*> tables = {
       // PartInsert (travels with SOLID_STRESS)
-      // ValueMachineSetting (travels with REMOTE_MACHINES)
+      &kMachineSettingTables,  // ValueMachineSetting (travels with REMOTE_MACHINES)
   };
   return tables;
 }
