@@ -58,8 +58,6 @@ const char kFreshText[] =
 
 TEST(ComputingKrn, FreshRecordsWriteTheExactText) {
   CNVX3DComputationImpl impl;
-  EXPECT_EQ(WriteComputing(impl), "");  // none of them was in the document
-  MarkPresent(impl);
   EXPECT_EQ(WriteComputing(impl), kFreshText);
 
   // The computing manager leaves fixed notation, precision 5, in force.
@@ -71,16 +69,20 @@ TEST(ComputingKrn, FreshRecordsWriteTheExactText) {
   EXPECT_EQ(out.GetPrecision(), 5);
 }
 
-TEST(ComputingKrn, EveryWriterGatesTheSectionsByTheDocument) {
+TEST(ComputingKrn, TheModelKindWriterWritesAllThreeForSolids) {
   TempDir dir;
   CNVX3DComputationImpl impl;
-  impl.modelKind = 2;  // the full solid tail names all three
-  impl.sections.document->SetPresent(KrnTag::kRemoteMachines, true);
+  impl.modelKind = 3;
   ASSERT_TRUE(WriteKrnDocument(DocumentWriter::kModelKind, dir.File("a.krn"), impl));
   const std::string text = nvxtest::ReadText(dir.File("a.krn"));
-  EXPECT_EQ(text.find("<TASKMANAGER>"), std::string::npos);
-  EXPECT_EQ(text.find("<COMPUTING_MANAGER>"), std::string::npos);
-  EXPECT_NE(text.find("</REMOTE_MACHINES>\n\n</KRN_FILE>\n"), std::string::npos);
+  const std::string middle = "</TASKMANAGER>\n\n<REMOTE_MACHINES>\nVersion=1004\n";
+  EXPECT_NE(text.find("\n<TASKMANAGER>\nVersion = 0\n"), std::string::npos);
+  EXPECT_NE(text.find(middle), std::string::npos);
+  const std::string end =
+      "</REMOTE_MACHINES>\n\n<COMPUTING_MANAGER>\nVersion = 0\n"
+      "ValueComputingManagerNoTask = 0\n</COMPUTING_MANAGER>\n\n</KRN_FILE>\n";
+  ASSERT_GT(text.size(), end.size());
+  EXPECT_EQ(text.substr(text.size() - end.size()), end);
 }
 
 TEST(ComputingKrn, ValueNoTaskIsDerivedFromTheWayOfRunning) {
@@ -90,7 +92,6 @@ TEST(ComputingKrn, ValueNoTaskIsDerivedFromTheWayOfRunning) {
   impl.sections.taskManager->ValueLocalNoTask = 4;
   impl.sections.remoteMachines->ValueRemoteNoTask = 8;
   impl.sections.computingManager->ValueComputingManagerNoTask = 12;
-  MarkPresent(impl);
   for (auto [mode, count] : cases) {
     impl.sections.taskManager->IDTaskMode = mode;
     EXPECT_NE(WriteComputing(impl).find("ValueNoTask = " + std::to_string(count) + "\n"),
@@ -136,7 +137,7 @@ TEST(ComputingKrn, MachineRowsKeepNameBlanksAndCutPaths) {
   EXPECT_EQ(r.ValueMachineSetting[2].ValueMachineName, "n=3");
   EXPECT_DOUBLE_EQ(r.ValueMachineSetting[2].ValueMachineWeighting, 0.2);
 
-  const std::string text = WriteComputing((MarkPresent(impl), impl));
+  const std::string text = WriteComputing(impl);
   EXPECT_NE(text.find("ValueParallelWorkingFolder=C:\\par work\\x\n"), std::string::npos);
   EXPECT_NE(text.find(" 1 = node one\t4\t D:\\run\n 2 = node one\t4\t D:\\run\n"),
             std::string::npos);

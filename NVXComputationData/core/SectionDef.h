@@ -31,9 +31,9 @@ struct SectionDef {
   // (a group of tables, say) replaces them with these.
   RsvTableWriter writeRsv = nullptr;
   RsvTableWriter readRsv = nullptr;
-  // A section written only under a condition of its own, or followed by more
-  // than its closing tag, replaces the generic section writer with this; it
-  // may call WriteKrnKeys for the lines the keys describe.
+  // A section whose lines go beyond what its keys describe (an empty line
+  // after the closing tag, say) replaces the generic section writer with this;
+  // it may call WriteKrnKeys for the lines the keys describe.
   KrnSectionWriter writeKrn = nullptr;
 };
 

@@ -23,9 +23,10 @@ namespace {
 //   writers put the derived task count in its place; the field never reaches a
 //   file. nvxparam shows the derived count and refuses to set it.
 //
-// WrittenWhenPresent: each of the three sections is written only when the
-//   document held it, in every document writer, the model-kind writer's full
-//   solid tail included; each is followed by an empty line.
+// TrailingEmptyLine: each of the three sections is followed by an empty line.
+//   Which writers emit them is the document writers' business: the
+//   section-present and template writers when the document held them, the
+//   model-kind writer for solid models always.
 //
 // "flagAccelerationType" begins with a lower-case letter, unlike its
 //   neighbours, and is written third although it is the last field in memory.
@@ -87,12 +88,10 @@ constexpr CustomOps MakeDerivedNoTaskOps() {
 }
 constexpr CustomOps kDerivedNoTaskOps = MakeDerivedNoTaskOps();
 
-// ---- WrittenWhenPresent -----------------------------------------------------
+// ---- TrailingEmptyLine ------------------------------------------------------
 
-void WriteWhenPresent(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
-                      bool templateWriting) {
-  const CNVX3DKRNDocument* doc = impl.sections.document.get();
-  if (doc == nullptr || !doc->IsPresent(def.tag)) return;
+void WriteWithEmptyLine(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
+                        bool templateWriting) {
   WriteKrnKeys(def, out, impl, templateWriting);
   out.EndLine();
 }
@@ -147,17 +146,17 @@ KeyList NoKeys(CNVX3DComputationImpl&) { return {}; }
 
 const SectionDef kTaskManagerSection{
     KrnTag::kTaskManager, "TASKMANAGER", TaskManagerKeys, nullptr, nullptr, nullptr,
-    WriteWhenPresent};
+    WriteWithEmptyLine};
 const SectionDef kRemoteMachinesSection{
     KrnTag::kRemoteMachines, "REMOTE_MACHINES", RemoteMachinesKeys, nullptr, nullptr, nullptr,
-    WriteWhenPresent};
+    WriteWithEmptyLine};
 const SectionDef kCompManagerSection{KrnTag::kComputingManager,
                                      "COMPUTING_MANAGER",
                                      ComputingManagerKeys,
                                      FixedPrecision5,
                                      nullptr,
                                      nullptr,
-                                     WriteWhenPresent};
+                                     WriteWithEmptyLine};
 const SectionDef kMachineSettingTables{
     KrnTag::kRemoteMachines, "ValueMachineSetting", NoKeys, nullptr,
     WriteMachineTables,      ReadMachineTables};

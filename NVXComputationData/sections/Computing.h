@@ -10,6 +10,9 @@
 //   by the lines left in its section, one read from an RSV file by
 //   kMaxRemoteMachines, so a damaged file never allocates without bound.
 // - ValueLocalHost starts as "localhost".
+// - The three sections are written by the document writers' lists like any
+//   other: the model-kind writer for solid models always writes them, so a new
+//   project's file carries its computing resources (mode 3's included).
 #ifndef NVX_SECTIONS_COMPUTING_H_
 #define NVX_SECTIONS_COMPUTING_H_
 
