@@ -86,7 +86,16 @@ class NVX_API CNVX3DComputation {
   // Generic members reaching the viscoelastic, optics, IC and multi-component
   // records.
 
-  // Generic members reaching the computing-resource records.
+  // Generic members reaching the computing-resource records. Unlike the
+  // section accessors they do nothing and return 0 without an implementation
+  // object. Second names for IDTaskMode ("Molde" as the interface spells it),
+  // ValueLocalNoTask and ValueComputingManagerNoTask.
+  int GetComputationMolde();
+  void SetComputationMolde(int mode);
+  int GetLocalHostModeCPUNumber();
+  void SetLocalHostModeCPUNumber(int count);
+  int GetComputingManagerCPUNumber();
+  void SetComputingManagerModeCPUNumber(int count);
 
   // ---- <SUMMARY> -------------------------------------------------------------
   // Getters return 1, except GetSummaryVersion, which returns the version.
@@ -660,10 +669,57 @@ class NVX_API CNVX3DComputation {
   int GetSolidMCMValueShotProjectName(std::string& name);
 
   // ---- <TASKMANAGER> --------------------------------------------------------
+  // Getters return the value they store, except GetTaskValueAccelerType, which
+  // returns 1. GetTaskValueNoTask reports ValueLocalNoTask, not the field that
+  // SetTaskValueNoTask sets; files never carry that field either, but the task
+  // count of the way of running IDTaskMode chooses.
+  int GetTaskVersion(int& version);
+  void SetTaskVersion(int version);
+  int GetTaskIDTaskMode(int& mode);
+  void SetTaskIDTaskMode(int mode);
+  int GetTaskValueAccelerType(int& type);
+  void SetTaskValueAccelerType(int type);
+  int GetTaskValueNoTask(int& count);
+  void SetTaskValueNoTask(int count);
+  int GetTaskValueLocalNoTask(int& count);
+  void SetTaskValueLocalNoTask(int count);
+  int GetTaskValueConsoleRedirection(int& flag);
+  void SetTaskValueConsoleRedirection(int flag);
 
   // ---- <REMOTE_MACHINES> ----------------------------------------------------
+  // Integer getters return the value they store; text getters and the machine
+  // getters return 1. SetRemoteValueNoMachine resizes the machine list first
+  // (new entries: empty name and path, job 0, weight 1.0; a negative count
+  // empties it and stores 0). The indexed members throw std::out_of_range for
+  // an index outside the list.
+  int GetRemoteVersion(int& version);
+  void SetRemoteVersion(int version);
+  int GetRemoteValueNoMachine(int& count);
+  void SetRemoteValueNoMachine(int count);
+  int GetRemoteValueRemoteNoTask(int& count);
+  void SetRemoteValueRemoteNoTask(int count);
+  int GetRemoteValueMap(std::string& map);
+  void SetRemoteValueMap(std::string map);
+  int GetRemoteValueShareFolderName(std::string& name);
+  void SetRemoteValueShareFolderName(std::string name);
+  int GetRemoteValueSharedVelmaraName(std::string& name);
+  void SetRemoteValueSharedVelmaraName(std::string name);
+  int GetRemoteValueParallelWorkingFolder(std::string& folder);
+  void SetRemoteValueParallelWorkingFolder(std::string folder);
+  int GetRemoteValueLocalHost(std::string& host);
+  void SetRemoteValueLocalHost(std::string host);
+  int GetRemoteValueMachineSetting(int index, RemoteParm& machine);
+  void SetRemoteValueMachineSetting(int index, RemoteParm machine);
+  int GetRemoteValueMachineWeighting(int index, double& weighting);
+  void SetRemoteValueMachineWeighting(int index, double weighting);
 
   // ---- <COMPUTING_MANAGER> --------------------------------------------------
+  // Getters return the value they store. "Cpmouting" is the interface's
+  // spelling.
+  int GetCpmoutingVersion(int& version);
+  void SetCpmoutingVersion(int version);
+  int GetCpmoutingValueComputingManagerNoTask(int& count);
+  void SetCpmoutingValueComputingManagerNoTask(int count);
 
   // ---- Templates, page defaults and user-defined parameters -----------------
 

@@ -101,6 +101,7 @@ void CNVX3DComputationImpl::ResetToDefaults() {
   if (sections.mcm) *sections.mcm = CNVX3DSolidMCM();
 
   // Computing-resource records.
+  nvx::ResetComputing(*this);
 }
 
 void CNVX3DComputationImpl::ApplyDataAdjustments() {
@@ -117,6 +118,7 @@ void CNVX3DComputationImpl::ApplyDataAdjustments() {
   if (mode == 3 && sections.ic) nvx::ApplyICModeThree(*sections.ic);
 
   // Computing-resource records.
+  if (mode == 3) nvx::ApplyComputingManagerMode(*this);
 }
 
 void CNVX3DComputationImpl::ApplyStressTimeAdjustments() {

@@ -121,6 +121,15 @@ void ReadKrnSection(const SectionDef& def, LineSpan body, CNVX3DComputationImpl&
 
 void WriteKrnSection(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
                      bool templateWriting) {
+  if (def.writeKrn != nullptr) {
+    def.writeKrn(def, out, impl, templateWriting);
+    return;
+  }
+  WriteKrnKeys(def, out, impl, templateWriting);
+}
+
+void WriteKrnKeys(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
+                  bool templateWriting) {
   if (def.beforeOpenTag != nullptr) def.beforeOpenTag(out);
   out.Line(OpenTag(def.tag));
   for (const Key& key : def.keys(impl)) {

@@ -2,6 +2,7 @@
 // the document writers, the RSV tables and the command-line tool share, and
 // the RSV tables that belong to no KRN section of their own.
 #include "core/SectionDef.h"
+#include "sections/Computing.h"
 #include "sections/FillPack.h"
 #include "sections/Foaming.h"
 #include "sections/HRSteady.h"
@@ -48,9 +49,9 @@ const SectionDef* const kSections[kKrnTagCount] = {
     &kICPaddleShiftOutputTimesSection, // IC_PADDLE_SHIFT_OUTPUT_TIMES
     &kICWireSweepOutputTimesSection, // IC_WIRE_SWEEP_OUTPUT_TIMES
     &kSolidMCMSection,         // SOLID_MCM
-    nullptr,                   // TASKMANAGER
-    nullptr,                   // REMOTE_MACHINES
-    nullptr,                   // COMPUTING_MANAGER
+    &kTaskManagerSection,      // TASKMANAGER
+    &kRemoteMachinesSection,   // REMOTE_MACHINES
+    &kCompManagerSection,      // COMPUTING_MANAGER
     &kLongFiberSection,        // FILL_ADVANCED_LONGFIBER
     &kHRSteadySection,         // FILL_ADVANCED_HRSteady
 };
@@ -66,7 +67,7 @@ const SectionDef* FindSection(KrnTag tag) {
 const std::vector<const SectionDef*>& RsvOnlyTables() {
   static const std::vector<const SectionDef*> tables = {
       // PartInsert (travels with SOLID_STRESS)
-      // ValueMachineSetting (travels with REMOTE_MACHINES)
+      &kMachineSettingTables,  // ValueMachineSetting (travels with REMOTE_MACHINES)
   };
   return tables;
 }
