@@ -159,4 +159,10 @@ void WriteKrnKeys(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& 
   out.Line(CloseTag(def.tag));
 }
 
+void WriteKrnKeysThenEmptyLine(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
+                               bool templateWriting) {
+  WriteKrnKeys(def, out, impl, templateWriting);
+  out.EndLine();
+}
+
 }  // namespace nvx

@@ -29,6 +29,11 @@ void WriteKrnSection(const SectionDef& def, KrnStream& out, CNVX3DComputationImp
 void WriteKrnKeys(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
                   bool templateWriting);
 
+// WriteKrnKeys followed by an empty line: the writer of the sections that end
+// with one (multi-component molding and the computing-resource sections).
+void WriteKrnKeysThenEmptyLine(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
+                               bool templateWriting);
+
 // Converts one value token into the key's field, as the KRN reader does.
 void StoreKrnValue(const Key& key, std::string_view value);
 

@@ -88,14 +88,6 @@ constexpr CustomOps MakeDerivedNoTaskOps() {
 }
 constexpr CustomOps kDerivedNoTaskOps = MakeDerivedNoTaskOps();
 
-// ---- TrailingEmptyLine ------------------------------------------------------
-
-void WriteWithEmptyLine(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
-                        bool templateWriting) {
-  WriteKrnKeys(def, out, impl, templateWriting);
-  out.EndLine();
-}
-
 void FixedPrecision5(KrnStream& out) {
   out.FixedKeepScientific();
   out.Precision(5);
@@ -145,18 +137,18 @@ KeyList NoKeys(CNVX3DComputationImpl&) { return {}; }
 }  // namespace
 
 const SectionDef kTaskManagerSection{
-    KrnTag::kTaskManager, "TASKMANAGER", TaskManagerKeys, nullptr, nullptr, nullptr,
-    WriteWithEmptyLine};
+    KrnTag::kTaskManager,     "TASKMANAGER", TaskManagerKeys, nullptr, nullptr, nullptr,
+    WriteKrnKeysThenEmptyLine};
 const SectionDef kRemoteMachinesSection{
-    KrnTag::kRemoteMachines, "REMOTE_MACHINES", RemoteMachinesKeys, nullptr, nullptr, nullptr,
-    WriteWithEmptyLine};
+    KrnTag::kRemoteMachines,  "REMOTE_MACHINES", RemoteMachinesKeys, nullptr, nullptr, nullptr,
+    WriteKrnKeysThenEmptyLine};
 const SectionDef kCompManagerSection{KrnTag::kComputingManager,
                                      "COMPUTING_MANAGER",
                                      ComputingManagerKeys,
                                      FixedPrecision5,
                                      nullptr,
                                      nullptr,
-                                     WriteWithEmptyLine};
+                                     WriteKrnKeysThenEmptyLine};
 const SectionDef kMachineSettingTables{
     KrnTag::kRemoteMachines, "ValueMachineSetting", NoKeys, nullptr,
     WriteMachineTables,      ReadMachineTables};

@@ -2,6 +2,7 @@
 #include "sections/MCM.h"
 
 #include "core/NVX3DComputationImpl.h"
+#include "krn/KRNSectionIO.h"
 #include "sections/ValueText.h"
 
 namespace nvx {
@@ -28,6 +29,9 @@ KeyList SolidMCMKeys(CNVX3DComputationImpl& impl) {
 
 }  // namespace
 
-const SectionDef kSolidMCMSection{KrnTag::kSolidMCM, "SOLID_MCM", SolidMCMKeys};
+// The section ends with an empty line after its closing tag.
+const SectionDef kSolidMCMSection{
+    KrnTag::kSolidMCM,        "SOLID_MCM", SolidMCMKeys, nullptr, nullptr, nullptr,
+    WriteKrnKeysThenEmptyLine};
 
 }  // namespace nvx
