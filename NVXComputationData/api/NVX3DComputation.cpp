@@ -172,6 +172,10 @@ nvx::OutputTimes* TimePage(CNVX3DComputationImpl* impl, int page) {
       return &impl->sections.fillPack->FillTimes;
     case 1:
       return &impl->sections.fillPack->PackTimes;
+    case 2:
+      return &impl->sections.cool->CoolTimes;
+    case 3:
+      return &impl->sections.cool->OpenTimes;
     default:
       return nullptr;
   }

@@ -70,13 +70,29 @@ class NVX_API CNVX3DComputation {
   void GetCriterionForStoppingCalculationByUnFilledElementCount(int& count);
   int GetEstimateRequireCoolingTime();
   void SetEstimateRequireCoolingTime(int estimate);
-  // Output-time pages: 0 fill, 1 pack (other pages: setters do nothing,
+  // Output-time pages: 0 fill, 1 pack, 2 cool, 3 open (other pages: setters do nothing,
   // getters return 0). GetTimeSteps returns the count.
   void SetTimeSteps(int page, int count);
   int GetTimeSteps(int& page);
   void SetTimeStepValue(int page, int index, double value);
   double GetTimeStepValue(int page, int index);
   // Generic members reaching the cooling, warpage and stress records.
+  // Without an implementation object these getters return 0 or false and the
+  // setters do nothing. SetAutoCoolingTimeSetting does nothing at all, on
+  // purpose. The resolution level type is memory only: the reset sets it from
+  // the machine's physical memory.
+  int GetResLevelType();
+  void SetResLevelType(int type);
+  bool GetAutoCoolingTimeSetting();
+  void SetAutoCoolingTimeSetting(bool flag);
+  bool GetMultiTimeStepsForAllCycle();
+  void SetMultiTimeStepsForAllCycle(bool flag);
+  int GetRemoveRunnerInCaclulation();
+  void SetRemoveRunnerInCaclulation(int flag);
+  int GetConsiderInMoldConstraintEffect();
+  void SetConsiderInMoldConstraintEffect(int flag);
+  int GetAnnealingCycleNumber();
+  void SetAnnealingCycleNumer(int count);
 
   // Generic members reaching the advanced filling records.
   // The version of the slip boundary record (0 without an implementation).
@@ -330,20 +346,281 @@ class NVX_API CNVX3DComputation {
   void SetPackOutputTimesSectionFillTimeStepsValue(int index, double time);
 
   // ---- <SHELL_COOL> ---------------------------------------------------------
+  // One record behind <SHELL_COOL> and <SOLID_COOL>: shell and solid names
+  // reach the same fields. Getters return the value just fetched (a flag as 0
+  // or 1) unless noted. Deliberate: the IDSolver pair works on the version;
+  // GetShellCoolValueAutoSetCoolTimeTolerance takes the double by value,
+  // changes nothing and returns 1; SetCanDoCoolPipeline sets the network flag.
+  int GetShellCoolVersion(int& version);
+  void SetShellCoolVersion(int version);
+  int GetShellCoolIDSolver(int& version);
+  void SetShellCoolIDSolver(int version);
+  int GetShellCoolFlagSolverAcceleration(bool& flag);
+  void SetShellCoolFlagSolverAcceleration(bool flag);
+  int GetShellCoolFlagParallelCompute(bool& flag);
+  void SetShellCoolFlagParallelCompute(bool flag);
+  int GetShellCoolFlagNetworkAnalysis(bool& flag);
+  void SetShellCoolFlagNetworkAnalysis(bool flag);
+  void SetCanDoCoolPipeline(bool flag);
+  int GetShellCoolFlagAutoSetCoolTime(bool& flag);
+  void SetShellCoolFlagAutoSetCoolTime(bool flag);
+  int GetShellCoolValueAutoSetCoolTimeMaxIteration(int& iterations);
+  void SetShellCoolValueAutoSetCoolTimeMaxIteration(int iterations);
+  int GetShellCoolValueAutoSetCoolTimeTolerance(double tolerance);
+  void SetShellCoolValueAutoSetCoolTimeTolerance(double tolerance);
+  int GetShellCoolFlagAutoSetCoolTimeExcludeRunner(int& flag);
+  void SetShellCoolFlagAutoSetCoolTimeExcludeRunner(int flag);
 
   // ---- <SOLID_COOL> ---------------------------------------------------------
+  // Getters with a reference return the value, except those of the tolerances,
+  // the cooling-channel flag and the hot-runner flag, which return 1; the
+  // turbulence pair returns nothing. SetCanDoConformalCooling sets the
+  // cooling-channel flag. The preheat settings are in KRN only.
+  int GetSolidCoolVersion(int& version);
+  void SetSolidCoolVersion(int version);
+  int GetSolidCoolIDSolver(int& solver);
+  void SetSolidCoolIDSolver(int solver);
+  int GetSolidCoolFlagSolverAcceleration(bool& flag);
+  void SetSolidCoolFlagSolverAcceleration(bool flag);
+  int GetSolidCoolFlagParallelCompute(bool& flag);
+  void SetSolidCoolFlagParallelCompute(bool flag);
+  int GetSolidCoolFlagNetworkAnalysis(bool& flag);
+  void SetSolidCoolFlagNetworkAnalysis(bool flag);
+  int GetSolidCoolFlagAutoSetCoolTime(bool& flag);
+  void SetSolidCoolFlagAutoSetCoolTime(bool flag);
+  int GetSolidCoolValueAutoSetCoolTimeMaxIteration(int& iterations);
+  void SetSolidCoolValueAutoSetCoolTimeMaxIteration(int iterations);
+  int GetSolidCoolValueAutoSetCoolTimeTolerance(double& tolerance);
+  void SetSolidCoolValueAutoSetCoolTimeTolerance(double tolerance);
+  int GetSolidCoolFlagAutoSetCoolTimeExcludeRunner(int& flag);
+  void SetSolidCoolFlagAutoSetCoolTimeExcludeRunner(int flag);
+  int GetCoolRun3DSolidCoolingChannelAnalysis(bool& flag);
+  void SetCoolRun3DSolidCoolingChannelAnalysis(bool flag);
+  void SetCanDoConformalCooling(bool flag);
+  void Get3DSolidCoolingTurbulence(int& turbulence);
+  void Set3DSolidCoolingTurbulence(int turbulence);
+  void GetValue3DSolidCoolingTurbulenceRoughness(double& roughness);
+  void SetValue3DSolidCoolingTurbulenceRoughness(double roughness);
+  int GetSolidCoolFlagAdvancedHotRunner(bool& flag);
+  void SetSolidCoolFlagAdvancedHotRunner(bool flag);
+  bool GetFlagSteadyState();
+  void SetFlagSteadyState(bool flag);
+  int GetSolidCoolFlagMultipleTimeForAllProc(bool& flag);
+  void SetSolidCoolFlagMultipleTimeForAllProc(bool flag);
+  int GetSolidCoolValueMaxCycleNumber(int& cycles);
+  void SetSolidCoolValueMaxCycleNumber(int cycles);
+  int GetSolidCoolValueConvergeType(int& type);
+  void SetSolidCoolValueConvergeType(int type);
+  int GetSolidCoolValueConvergeUnit(int& unit);
+  void SetSolidCoolValueConvergeUnit(int unit);
+  int GetSolidCoolValueMaxTempVariationTolerance(double& tolerance);
+  void SetSolidCoolValueMaxTempVariationTolerance(double tolerance);
+  int GetSolidCoolValueMaxPartSurfTempVariationTolerance(double& tolerance);
+  void SetSolidCoolValueMaxPartSurfTempVariationTolerance(double tolerance);
+  int GetSolidCoolValueMaxMBInnerTempVariationTolerance(double& tolerance);
+  void SetSolidCoolValueMaxMBInnerTempVariationTolerance(double tolerance);
+  bool GetFlagAutoAdiabaticLayer();
+  void SetFlagAutoAdiabaticLayer(bool flag);
+  bool GetFlagPreheatAverageTemp();
+  void SetFlagPreheatAverageTemp(bool flag);
+  bool GetFlagPreheatHighestTemp();
+  void SetFlagPreheatHighestTemp(bool flag);
+  bool GetFlagPreheatLowestTemp();
+  void SetFlagPreheatLowestTemp(bool flag);
+  double GetValuePreheatAverageTempVariation();
+  void SetValuePreheatAverageTempVariation(double variation);
+  double GetValuePreheatHighestTempVariation();
+  void SetValuePreheatHighestTempVariation(double variation);
+  double GetValuePreheatLowestTempVariation();
+  void SetValuePreheatLowestTempVariation(double variation);
 
   // ---- <COOL_OUTPUT_TIMES> --------------------------------------------------
+  // Getters return the value, except the time span and time getters (1).
+  // Count setters append zeros or drop times from the end by the difference
+  // to the stored count. Indices are 0-based and tested against the list.
+  int GetCoolOutPutTimeVersion(int& version);
+  void SetCoolOutPutTimeVersion(int version);
+  int GetCoolOutPutTimeFlagAutoLoadIntermediateResult(bool& flag);
+  void SetCoolOutPutTimeFlagAutoLoadIntermediateResult(bool flag);
+  int GetCoolOutPutTimeValueCheckIntermediteTimeSpan(double& span);
+  void SetCoolOutPutTimeValueCheckIntermediteTimeSpan(double span);
+  int GetValueNoCoolOutPutTimesteps(int& count);
+  void SetValueNoCoolOutputTimeSteps(int count);
+  int GetValueNoCoolOutputTimeStepValue(int index, double& time);
+  void SetValueNoCoolOutputTimeStepValue(int index, double time);
 
   // ---- <MoldPreheat_OUTPUT_TIMES> -------------------------------------------
+  // Unlike the cool and open getters these return their values directly; the
+  // time getter fills its reference and returns nothing.
+  int GetMoldPreheatOutputTimeVersion();
+  void SetMoldPreheatOutputTimeVersion(int version);
+  bool GetMoldPreheatOutputTimeFlagAutoLoadIntermediateResult();
+  void SetMoldPreheatOutputTimeFlagAutoLoadIntermediateResult(bool flag);
+  double GetMoldPreheatOutputTimeValueCheckIntermediteTimeSpan();
+  void SetMoldPreheatOutputTimeValueCheckIntermediteTimeSpan(double span);
+  int GetMoldPreheatTimeSteps();
+  void SetMoldPreheatTimeSteps(int count);
+  void GetMoldPreheatTimeStepsValue(int index, double& time);
+  void SetMoldPreheatTimeStepsValue(int index, double time);
 
   // ---- <OPEN_OUTPUT_TIMES> --------------------------------------------------
+  // As the cool output times: the version and count getters return the value,
+  // the time getter 1.
+  int GetOpenOutPutTimeVersion(int& version);
+  void SetOpenOutPutTimeVersion(int version);
+  int GetValueNoOpenOutPutTimesteps(int& count);
+  void SetValueNoOpenOutputTimeSteps(int count);
+  int GetValueNoOpenOutputTimeStepValue(int index, double& time);
+  void SetValueNoOpenOutputTimeStepValue(int index, double time);
 
   // ---- <SHELL_WARP> ---------------------------------------------------------
+  // One record behind <SHELL_WARP> and <SOLID_WARP>: shell and solid names
+  // reach the same fields. Getters return 1.
+  int GetShellWarpVersion(int& value);
+  void SetShellWarpVersion(int value);
+  int GetShellWarpIDSolver(int& value);
+  void SetShellWarpIDSolver(int value);
+  int GetShellWarpIDCompositeModel(int& value);
+  void SetShellWarpIDCompositeModel(int value);
+  int GetShellWarpFlagSolverAcceleration(int& value);
+  void SetShellWarpFlagSolverAcceleration(int value);
+  int GetShellWarpFlagRemoveRunner(int& value);
+  void SetShellWarpFlagRemoveRunner(int value);
+  int GetShellWarpFlagFiberEffect(int& value);
+  void SetShellWarpFlagFiberEffect(int value);
+  int GetShellWarpFlagHighOrderElement(int& value);
+  void SetShellWarpFlagHighOrderElement(int value);
+  int GetShellWarpFlagInMoldConstraint(int& value);
+  void SetShellWarpFlagInMoldConstraint(int value);
+  int GetShellWarpFlagMoldThermalDeformation(int& value);
+  void SetShellWarpFlagMoldThermalDeformation(int value);
+  int GetShellWarpValueMaxIteration(int& value);
+  void SetShellWarpValueMaxIteration(int value);
+  int GetShellWarpValueMinIterativeError(double& value);
+  void SetShellWarpValueMinIterativeError(double value);
+  int GetShellWarpValueIMCMedTH(double& value);
+  void SetShellWarpValueIMCMedTH(double value);
+  int GetShellWarpValueIMCMedWR(double& value);
+  void SetShellWarpValueIMCMedWR(double value);
+  int GetShellWarpValueIMCRelST(double& value);
+  void SetShellWarpValueIMCRelST(double value);
 
   // ---- <SOLID_WARP> ---------------------------------------------------------
+  // Getters return 1, except the residual-stress and shrinkage-type getters,
+  // which return the value.
+  int GetSolidWarpVersion(int& value);
+  void SetSolidWarpVersion(int value);
+  int GetSolidWarpIDSolver(int& value);
+  void SetSolidWarpIDSolver(int value);
+  int GetSolidWarpIDCompositeModel(int& value);
+  void SetSolidWarpIDCompositeModel(int value);
+  int GetSolidWarpFlagSolverAcceleration(int& value);
+  void SetSolidWarpFlagSolverAcceleration(int value);
+  int GetSolidWarpFlagRemoveRunner(int& value);
+  void SetSolidWarpFlagRemoveRunner(int value);
+  int GetSolidWarpFlagFiberEffect(int& value);
+  void SetSolidWarpFlagFiberEffect(int value);
+  int GetSolidWarpFlagHighOrderElement(int& value);
+  void SetSolidWarpFlagHighOrderElement(int value);
+  int GetSolidWarpFlagInMoldConstraint(int& value);
+  void SetSolidWarpFlagInMoldConstraint(int value);
+  int GetSolidWarpFlagMoldThermalDeformation(int& value);
+  void SetSolidWarpFlagMoldThermalDeformation(int value);
+  int GetSolidWarpValueMaxIteration(int& value);
+  void SetSolidWarpValueMaxIteration(int value);
+  int GetSolidWarpValueMinIterativeError(double& value);
+  void SetSolidWarpValueMinIterativeError(double value);
+  int GetSolidWarpValueIMCMedTH(double& value);
+  void SetSolidWarpValueIMCMedTH(double value);
+  int GetSolidWarpValueIMCMedWR(double& value);
+  void SetSolidWarpValueIMCMedWR(double value);
+  int GetSolidWarpValueIMCRelST(double& value);
+  void SetSolidWarpValueIMCRelST(double value);
+  int GetSolidWarpFlagEnhancedInMoldConstraint(bool& flag);
+  void SetSolidWarpFlagEnhancedInMoldConstraint(bool flag);
+  int GetSolidWarpFlagVEResidualStress(int& flag);
+  void SetSolidWarpFlagVEResidualStress(int flag);
+  int GetSolidWarpFlagRIMShrinkageType(int& type);
+  void SetSolidWarpFlagRIMShrinkageType(int type);
+  int GetFlagDifferentialEffect();
+  void SetFlagDifferentialEffect(int flag);
+  int GetFlagThermalDisplacement();
+  void SetFlagThermalDisplacement(int flag);
 
   // ---- <SOLID_STRESS> -------------------------------------------------------
+  // Getters with a reference return 1. The fibre flag's getter and setter are
+  // spelt "FiberEffec". Weld-line angles are numbered 1 to 4 and reduction
+  // rates 1 to 3; list rows and inserts are 0-based. Any number or index
+  // outside throws std::out_of_range("invalid vector<T> subscript").
+  int GetSolidStressVersion(int& value);
+  void SetSolidStressVersion(int value);
+  int GetSolidStressIDCompositeModel(int& value);
+  void SetSolidStressIDCompositeModel(int value);
+  int GetSolidStressFlagSolverAcceleration(int& value);
+  void SetSolidStressFlagSolverAcceleration(int value);
+  int GetSolidStressValueMaxIteration(int& value);
+  void SetSolidStressValueMaxIteration(int value);
+  int GetSolidStressFlagVEResidualStress(int& value);
+  void SetSolidStressFlagVEResidualStress(int value);
+  int GetSolidStressTransientStressCouplingType(int& value);
+  void SetSolidStressTransientStressCouplingType(int value);
+  int GetSolidStressFlagUserDefinedMaterial(int& value);
+  void SetSolidStressFlagUserDefinedMaterial(int value);
+  int GetSolidStressValueMinIterativeError(double& value);
+  void SetSolidStressValueMinIterativeError(double value);
+  int GetSolidStressValueGravityX(double& value);
+  void SetSolidStressValueGravityX(double value);
+  int GetSolidStressValueGravityY(double& value);
+  void SetSolidStressValueGravityY(double value);
+  int GetSolidStressValueGravityZ(double& value);
+  void SetSolidStressValueGravityZ(double value);
+  int GetSolidStressValueInitialTemperature(double& value);
+  void SetSolidStressValueInitialTemperature(double value);
+  int GetSolidStressValuedt(double& value);
+  void SetSolidStressValuedt(double value);
+  int GetSolidStressValueTimePeriod(double& value);
+  void SetSolidStressValueTimePeriod(double value);
+  int GetSolidStressValueHTC(double& value);
+  void SetSolidStressValueHTC(double value);
+  int GetSolidStressFlagFiberEffec(int& flag);
+  void SetSolidStressFlagFiberEffec(int flag);
+  int GetFlagWeldlineAnalysis(int& flag);
+  void SetFlagWeldlineAnalysis(int flag);
+  int GetSolidStressWeldlineAngle(int number, double& angle);
+  void SetSolidStressWeldlineAngle(int number, double angle);
+  int GetSolidStressReductionRate(int number, double& rate);
+  void SetSolidStressReductionRate(int number, double rate);
+  // The annealing profile: (time, temperature) rows.
+  int GetSolidStressTempTimeCount();
+  void SetSolidStressTempTimeCount(int rows);
+  void GetSolidStressTempTime(int row, double& time, double& temperature);
+  void SetSolidStressTempTime(int row, double time, double temperature);
+  // The part's modulus over temperature: (temperature, modulus) rows.
+  int GetSolidStressMatTempPartCount();
+  void SetSolidStressMatTempPartCount(int rows);
+  void GetSolidStressMatTempPart(int row, double& temperature, double& modulus);
+  void SetSolidStressMatTempPart(int row, double temperature, double modulus);
+  // Times at which stress results are written.
+  int GetSolidStressOutPutTimingCount();
+  void SetSolidStressOutPutTimingCount(int count);
+  double GetSolidStressOutPutTiming(int index);
+  void SetSolidStressOutPutTiming(int index, double time);
+  // Part inserts (the part-insert material record): new inserts are numbered
+  // on from the last one; each has (temperature, modulus) and (temperature,
+  // expansion coefficient) rows.
+  int GetPartInsertVersion();
+  void SetPartInsertVersion(int version);
+  int GetPartInsertCount();
+  void SetPartInsertCount(int count);
+  int GetPartInsertNumber(int insert);
+  int GetPartInsertModulusCount(int insert);
+  void SetPartInsertModulusCount(int insert, int rows);
+  void GetPartInsertModulus(int insert, int row, double& temperature, double& modulus);
+  void SetPartInsertModulus(int insert, int row, double temperature, double modulus);
+  int GetPartInsertCLTECount(int insert);
+  void SetPartInsertCLTECount(int insert, int rows);
+  void GetPartInsertCLTE(int insert, int row, double& temperature, double& clte);
+  void SetPartInsertCLTE(int insert, int row, double temperature, double clte);
 
   // ---- <FILL_ADVANCED_LONGFIBER> --------------------------------------------
   // Getters with an int result return 1 (0 without an implementation).

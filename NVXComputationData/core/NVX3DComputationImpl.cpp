@@ -47,6 +47,10 @@ CNVX3DComputationImpl::CNVX3DComputationImpl() {
   Create(s.veCuring);
   Create(crystal);
   processorCount = nvx::platform::LogicalProcessorCount();
+  if (s.cool) {
+    s.cool->ResLevelType =
+        nvx::ResolutionLevelType(nvx::platform::PhysicalMemoryBytes(), false, false);
+  }
 }
 
 int CNVX3DComputationImpl::TakeOver(const NVXData& d) {
@@ -80,6 +84,26 @@ void CNVX3DComputationImpl::ResetToDefaults() {
   if (sections.summary) nvx::ApplySummaryPreset(*sections.summary, shell);
   if (sections.fillPack) nvx::ResetFillPack(*sections.fillPack);
   // Cooling, warpage and stress records.
+  if (CNVX3DSolidCool* cool = sections.cool.get()) {
+    if (shell) {
+      nvx::ApplyShellCoolPreset(*cool);
+    } else {
+      nvx::ResetCool(*cool, data.CoolingTime, data.MoldOpenTime, data.MoldPreheatTime);
+    }
+    cool->ResLevelType = nvx::ResolutionLevelType(nvx::platform::PhysicalMemoryBytes(),
+                                                  stateLongFiber, stateFoaming);
+  }
+  if (CNVX3DSolidWrap* warp = sections.warp.get()) {
+    if (shell) {
+      nvx::ApplyShellWarpPreset(*warp);
+    } else {
+      // The solver selector is the project's mesh type; the two options are the
+      // advanced filling options; the type number is the analysis type.
+      nvx::ApplySolidWarpPreset(*warp, {data.MeshType, stateLongFiber, stateFoaming, analysisType});
+    }
+  }
+  if (sections.stress) nvx::ResetSolidStress(*sections.stress);
+  if (sections.partInsert) nvx::ResetPartInsert(*sections.partInsert);
 
   // Advanced filling records.
   if (sections.longFiber) nvx::ResetLongFiber(*sections.longFiber);
@@ -122,7 +146,12 @@ void CNVX3DComputationImpl::ApplyDataAdjustments() {
 }
 
 void CNVX3DComputationImpl::ApplyStressTimeAdjustments() {
-  // The stress record carries no times yet.
+  // A stress time period that is not positive means none was chosen: it takes
+  // the project's cooling time, when the project gives one.
+  CNVX3DSolidStress* stress = sections.stress.get();
+  if (stress != nullptr && stress->ValueTimePeriod <= 0.0 && data.CoolingTime > 0.0) {
+    stress->ValueTimePeriod = data.CoolingTime;
+  }
 }
 
 bool CNVX3DComputationImpl::ReadKrn(const std::string& path) {
@@ -156,8 +185,10 @@ bool CNVX3DComputationImpl::Load(const NVXData& d) {
     if (mode == 1) {
       // Mode 1 clears the long-fiber flag and the warpage setting. The
       // long-fiber flag is the fibre-breakage flag, the record's only flag
-      // that also travels in RSV.
+      // that also travels in RSV; the warpage setting is the fibre effect:
+      // mode 1 runs without fibres.
       if (sections.longFiber) sections.longFiber->FlagFiberBreakage = false;
+      if (sections.warp) sections.warp->FlagFiberEffect = 0;
     }
     return true;
   }
