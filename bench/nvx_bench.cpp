@@ -17,6 +17,9 @@ NVXData SolidProject(const std::string& path, int loadMode) {
   d.KRNFilePath = path;
   d.LoadMode = loadMode;
   d.ModelKind = 2;
+  d.CoolingTime = 20.0;
+  d.MoldOpenTime = 5.0;
+  d.MoldPreheatTime = 600.0;
   return d;
 }
 
@@ -28,6 +31,18 @@ std::string MakeProjectFile() {
   c.LoadKRNFile(SolidProject(path, 1));
   c.SetFillOutputTimesSectionFillTimeSteps(300);
   c.SetPackOutputTimesSectionFillTimeSteps(300);
+  // Cooling-stage times, an annealing profile and a few part inserts.
+  c.SetValueNoCoolOutputTimeSteps(100);
+  c.SetValueNoOpenOutputTimeSteps(100);
+  c.SetMoldPreheatTimeSteps(100);
+  c.SetSolidStressTempTimeCount(50);
+  c.SetSolidStressMatTempPartCount(50);
+  c.SetSolidStressOutPutTimingCount(50);
+  c.SetPartInsertCount(4);
+  for (int i = 0; i < 4; ++i) {
+    c.SetPartInsertModulusCount(i, 20);
+    c.SetPartInsertCLTECount(i, 20);
+  }
   c.WriteKRNFile(path, 0);
   return path;
 }

@@ -62,6 +62,9 @@ bool CNVX3DComputation::IsFileExists() { return m_pImpl != nullptr && m_pImpl->f
 
 bool CNVX3DComputation::WriteKRNFile(std::string path, int asTemplate) {
   if (m_pImpl == nullptr) return false;
+  if (m_pImpl->data.ClearFiberModelOnWrite && m_pImpl->sections.longFiber) {
+    nvx::ClearFiberModelSettings(*m_pImpl->sections.longFiber);
+  }
   const int effective = m_bTemplateMode ? 1 : asTemplate;
   bool result = false;
   switch (m_pImpl->loadMode) {
@@ -173,6 +176,10 @@ nvx::OutputTimes* TimePage(CNVX3DComputationImpl* impl, int page) {
       return &impl->sections.fillPack->FillTimes;
     case 1:
       return &impl->sections.fillPack->PackTimes;
+    case 2:
+      return &impl->sections.cool->CoolTimes;
+    case 3:
+      return &impl->sections.cool->OpenTimes;
     default:
       return nullptr;
   }

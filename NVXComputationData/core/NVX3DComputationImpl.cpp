@@ -6,6 +6,7 @@
 
 #include "NVXPlatform.h"
 #include "krn/KRNSectionIO.h"
+#include "userfiles/FoamingMaterial.h"
 
 namespace {
 
@@ -46,6 +47,10 @@ CNVX3DComputationImpl::CNVX3DComputationImpl() {
   Create(s.veCuring);
   Create(crystal);
   processorCount = nvx::platform::LogicalProcessorCount();
+  if (s.cool) {
+    s.cool->ResLevelType =
+        nvx::ResolutionLevelType(nvx::platform::PhysicalMemoryBytes(), false, false);
+  }
 }
 
 int CNVX3DComputationImpl::TakeOver(const NVXData& d) {
@@ -79,12 +84,48 @@ void CNVX3DComputationImpl::ResetToDefaults() {
   if (sections.summary) nvx::ApplySummaryPreset(*sections.summary, shell);
   if (sections.fillPack) nvx::ResetFillPack(*sections.fillPack);
   // Cooling, warpage and stress records.
+  if (CNVX3DSolidCool* cool = sections.cool.get()) {
+    if (shell) {
+      nvx::ApplyShellCoolPreset(*cool);
+    } else {
+      nvx::ResetCool(*cool, data.CoolingTime, data.MoldOpenTime, data.MoldPreheatTime);
+    }
+    cool->ResLevelType = nvx::ResolutionLevelType(nvx::platform::PhysicalMemoryBytes(),
+                                                  stateLongFiber, stateFoaming);
+  }
+  if (CNVX3DSolidWrap* warp = sections.warp.get()) {
+    if (shell) {
+      nvx::ApplyShellWarpPreset(*warp);
+    } else {
+      // The solver selector is the project's mesh type; the two options are the
+      // advanced filling options; the type number is the analysis type.
+      nvx::ApplySolidWarpPreset(*warp, {data.MeshType, stateLongFiber, stateFoaming, analysisType});
+    }
+  }
+  if (sections.stress) nvx::ResetSolidStress(*sections.stress);
+  if (sections.partInsert) nvx::ResetPartInsert(*sections.partInsert);
 
   // Advanced filling records.
+  if (sections.longFiber) nvx::ResetLongFiber(*sections.longFiber);
+  if (sections.foaming) nvx::ResetFoaming(*sections.foaming);
+  if (sections.slip) nvx::ResetSlipBC(*sections.slip);
+  if (sections.hrSteady) nvx::ResetHRSteady(*sections.hrSteady);
+  // The gas solubility of the project's material replaces the built-in one on
+  // every reset, so that each load (whichever reset it ends with) consults
+  // the per-user foaming material table.
+  nvx::ApplyFoamingMaterial(*this);
 
   // Viscoelastic, optics, IC packaging and multi-component records.
+  if (sections.ve) *sections.ve = CNVX3DSolidVE();
+  if (sections.veStress) nvx::ResetVECurve(*sections.veStress);
+  if (sections.veWarp) nvx::ResetVECurve(*sections.veWarp);
+  if (sections.veCuring) nvx::ResetVECuring(*sections.veCuring);
+  if (sections.optic) *sections.optic = CNVX3DSolidOptic();
+  if (sections.ic) *sections.ic = CNVX3DSolidIC();
+  if (sections.mcm) *sections.mcm = CNVX3DSolidMCM();
 
   // Computing-resource records.
+  nvx::ResetComputing(*this);
 }
 
 void CNVX3DComputationImpl::ApplyDataAdjustments() {
@@ -98,12 +139,19 @@ void CNVX3DComputationImpl::ApplyDataAdjustments() {
   // Advanced filling records.
 
   // Viscoelastic, optics, IC packaging and multi-component records.
+  if (mode == 3 && sections.ic) nvx::ApplyICModeThree(*sections.ic);
 
   // Computing-resource records.
+  if (mode == 3) nvx::ApplyComputingManagerMode(*this);
 }
 
 void CNVX3DComputationImpl::ApplyStressTimeAdjustments() {
-  // The stress record carries no times yet.
+  // A stress time period that is not positive means none was chosen: it takes
+  // the project's cooling time, when the project gives one.
+  CNVX3DSolidStress* stress = sections.stress.get();
+  if (stress != nullptr && stress->ValueTimePeriod <= 0.0 && data.CoolingTime > 0.0) {
+    stress->ValueTimePeriod = data.CoolingTime;
+  }
 }
 
 bool CNVX3DComputationImpl::ReadKrn(const std::string& path) {
@@ -135,7 +183,12 @@ bool CNVX3DComputationImpl::Load(const NVXData& d) {
       ApplyDataAdjustments();
     }
     if (mode == 1) {
-      // Mode 1 clears the long-fiber flag and the warpage setting.
+      // Mode 1 clears the long-fiber flag and the warpage setting. The
+      // long-fiber flag is the fibre-breakage flag, the record's only flag
+      // that also travels in RSV; the warpage setting is the fibre effect:
+      // mode 1 runs without fibres.
+      if (sections.longFiber) sections.longFiber->FlagFiberBreakage = false;
+      if (sections.warp) sections.warp->FlagFiberEffect = 0;
     }
     return true;
   }
@@ -148,6 +201,10 @@ bool CNVX3DComputationImpl::Load(const NVXData& d) {
       if (fileExists) {
         krnPath = nvx::platform::NarrowToWide(d.KRNFilePath);
         ReadKrn(d.KRNFilePath);
+        // Load mode 0 takes the project's fibre values over the file's.
+        if (loadMode == 0 && sections.longFiber) {
+          nvx::TakeFiberValues(*sections.longFiber, d.FiberAspectRatio, d.FiberWeight);
+        }
       } else {
         ResetToDefaults();
       }

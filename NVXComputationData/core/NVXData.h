@@ -78,11 +78,13 @@ struct NVXData {
   std::vector<NVXDataGate> Gates;
 };
 
+// One remote machine of the computing resources, in the order of its fields in
+// files; a new entry has these defaults.
 struct RemoteParm {
-  std::string ValueMachineName;
-  std::string ValueMachinePath;
-  int ValueMachineJob = 0;
-  double ValueMachineWeighting = 1.0;
+  std::string ValueMachineName;        // host name
+  std::string ValueMachinePath;        // path on that machine
+  int ValueMachineJob = 0;             // jobs given to it
+  double ValueMachineWeighting = 1.0;  // its weight in the distribution
 };
 
 #endif  // NVX_CORE_NVXDATA_H_

@@ -12,6 +12,10 @@ namespace nvx {
 
 class KrnStream;
 
+struct SectionDef;
+using KrnSectionWriter = void (*)(const SectionDef& def, KrnStream& out,
+                                  CNVX3DComputationImpl& impl, bool templateWriting);
+
 using RsvTableWriter = void (*)(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,
                                 CNVX3DComputationImpl& impl);
 
@@ -27,6 +31,10 @@ struct SectionDef {
   // (a group of tables, say) replaces them with these.
   RsvTableWriter writeRsv = nullptr;
   RsvTableWriter readRsv = nullptr;
+  // A section whose lines go beyond what its keys describe (an empty line
+  // after the closing tag, say) replaces the generic section writer with this;
+  // it may call WriteKrnKeys for the lines the keys describe.
+  KrnSectionWriter writeKrn = nullptr;
 };
 
 // The section of `tag`, or nullptr while the section has no records yet.

@@ -114,6 +114,9 @@ const std::vector<KrnTag> kSolidTail = {
 // The tags of `order` whose section-present flag is set. The hot-runner
 // steady section is written even when the file held none, unless
 // `hrSteadyByFlag` (the model-kind writer for kind 0) gates it like the rest.
+// "Its flag" is the section-present flag of the document: the hot-runner
+// record has no flag of its own, and this writer gates every other section of
+// the same list by that flag too.
 // The section-present writer's list never names the three viscoelastic
 // stress, curing and warp sections, so a file read with them loses them.
 std::vector<KrnTag> PresentOnly(const std::vector<KrnTag>& order, const CNVX3DKRNDocument* doc,
@@ -134,6 +137,8 @@ std::vector<KrnTag> ModelKindSections(const CNVX3DComputationImpl& impl) {
       return PresentOnly(kTemplateOrder, doc, /*hrSteadyByFlag=*/true);
     case 1:
       tags = {T::kSummary, T::kShellFill};
+      // Shell files carry the two advanced sections only when the project
+      // description (the copy of the last load) has both options set.
       if (impl.data.HasLongFiberSettings && impl.data.HasFoamingSettings) {
         tags.insert(tags.end(), {T::kFillAdvancedLongFiber, T::kFillAdvancedMCIM});
       }

@@ -121,6 +121,15 @@ void ReadKrnSection(const SectionDef& def, LineSpan body, CNVX3DComputationImpl&
 
 void WriteKrnSection(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
                      bool templateWriting) {
+  if (def.writeKrn != nullptr) {
+    def.writeKrn(def, out, impl, templateWriting);
+    return;
+  }
+  WriteKrnKeys(def, out, impl, templateWriting);
+}
+
+void WriteKrnKeys(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
+                  bool templateWriting) {
   if (def.beforeOpenTag != nullptr) def.beforeOpenTag(out);
   out.Line(OpenTag(def.tag));
   for (const Key& key : def.keys(impl)) {
@@ -148,6 +157,12 @@ void WriteKrnSection(const SectionDef& def, KrnStream& out, CNVX3DComputationImp
     }
   }
   out.Line(CloseTag(def.tag));
+}
+
+void WriteKrnKeysThenEmptyLine(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
+                               bool templateWriting) {
+  WriteKrnKeys(def, out, impl, templateWriting);
+  out.EndLine();
 }
 
 }  // namespace nvx

@@ -19,10 +19,20 @@ namespace nvx {
 // 0 or less takes no line, empties the list and is stored as it stands.
 void ReadKrnSection(const SectionDef& def, LineSpan body, CNVX3DComputationImpl& impl);
 
-// Writes the opening tag, the key lines in list order, the closing tag.
-// `templateWriting` adds the keys that only the per-user template carries.
+// Writes the section through its own writer when it has one, else as
+// WriteKrnKeys does.
 void WriteKrnSection(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
                      bool templateWriting);
+
+// Writes the opening tag, the key lines in list order, the closing tag.
+// `templateWriting` adds the keys that only the per-user template carries.
+void WriteKrnKeys(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
+                  bool templateWriting);
+
+// WriteKrnKeys followed by an empty line: the writer of the sections that end
+// with one (multi-component molding and the computing-resource sections).
+void WriteKrnKeysThenEmptyLine(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& impl,
+                               bool templateWriting);
 
 // Converts one value token into the key's field, as the KRN reader does.
 void StoreKrnValue(const Key& key, std::string_view value);

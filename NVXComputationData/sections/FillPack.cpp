@@ -18,7 +18,7 @@ void MirrorFiberAfterRead(CNVX3DComputationImpl& impl) {
   SetEstimateFiber(impl, impl.sections.fillPack->FlagEstimateFiber);
 }
 
-// Output-time sections start from the default number format.
+// The fill output-time section starts from the default number format.
 void ResetNumberFormat(KrnStream& out) {
   out.General();
   out.Precision(6);
@@ -164,8 +164,10 @@ const SectionDef kShellFillSection{KrnTag::kShellFill, "SHELL_FILL", ShellFillKe
 const SectionDef kShellPackSection{KrnTag::kShellPack, "SHELL_PACK", ShellPackKeys};
 const SectionDef kFillOutputTimesSection{KrnTag::kFillOutputTimes, "FILL_OUTPUT_TIMES",
                                          FillOutputTimesKeys, ResetNumberFormat};
+// Unlike the fill output times, the pack output times leave the number
+// format as the section before them left it.
 const SectionDef kPackOutputTimesSection{KrnTag::kPackOutputTimes, "PACK_OUTPUT_TIMES",
-                                         PackOutputTimesKeys, ResetNumberFormat};
+                                         PackOutputTimesKeys};
 
 void ResetFillPack(CNVX3DFillPackTimeSteps& record) {
   static const CNVX3DFillPackTimeSteps kDefaults;

@@ -132,10 +132,10 @@ TEST_F(NvxParamTest, RejectedCommandsNameTheProblemAndLeaveTheFileAsItWas) {
   EXPECT_EQ(ReadText(file), before);
   EXPECT_FALSE(fs::exists(Path("missing.krn")));
 
-  // Writing back would drop a section the library cannot write yet.
+  // Writing back would drop a section the project-file writer never writes.
   const std::string cool = Path("cool.krn");
   WriteText(cool, before.substr(0, before.rfind("</KRN_FILE>")) +
-                      "<SOLID_COOL>\nVersion = 3\n</SOLID_COOL>\n</KRN_FILE>\n");
+                      "<SOLID_VE_STRESS>\nVersion = 3\n</SOLID_VE_STRESS>\n</KRN_FILE>\n");
   const std::string coolBefore = ReadText(cool);
   EXPECT_EQ(Run({"set", cool, "SUMMARY.Flag3D=0"}).status, 2);
   EXPECT_EQ(ReadText(cool), coolBefore);
