@@ -32,7 +32,12 @@ void CNVX3DComputation::LoadGPDefaultTemplete(std::string path) {
   if (defaults == nullptr) return;
   // A missing file leaves the defaults.
   defaults->ReadKrn(path);
-  // TODO(merge): m_pImpl->TakeFiberValuesFrom(*defaults);
+  CNVX3DLongFiber* to = m_pImpl->sections.longFiber.get();
+  const CNVX3DLongFiber* from = defaults->sections.longFiber.get();
+  if (to != nullptr && from != nullptr) {
+    to->AspectRatio = from->AspectRatio;
+    to->Weight = from->Weight;
+  }
 }
 
 bool CNVX3DComputation::ReSetPageToDefaultValue(int page) {
