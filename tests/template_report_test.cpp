@@ -167,3 +167,46 @@ TEST(ComputationReportRows, FollowTheRecords) {
   EXPECT_EQ(Row(rsv, "TaskManager/Result0", 3), "0");
   EXPECT_EQ(Row(rsv, "TaskManager/Result0", 0), "No");
 }
+
+// Defaults -> KRN -> object -> RSV -> object -> KRN gives the same file for
+// every model kind: the RSV tables carry every value the KRN file shows, once
+// the KRN file has set the counts the time arrays are read with.
+TEST(ProjectRoundTrip, DefaultsSurviveKrnAndRsvForEveryModelKind) {
+  TempDir dir;
+  UserDirScope user(dir.File("user"));
+  for (int kind = 0; kind < 4; ++kind) {
+    SCOPED_TRACE(kind);
+    const std::string krn = dir.File("k" + std::to_string(kind) + ".krn");
+    const std::string rsv = dir.File("k" + std::to_string(kind) + ".rsv");
+    NVXData d = Project(krn, kind, 1);
+    d.CoolingTime = 20.0;
+    d.MoldOpenTime = 3.0;
+    CNVX3DComputation first;
+    ASSERT_TRUE(first.LoadKRNFile(d));
+    ASSERT_TRUE(first.WriteKRNFile(krn, 0));
+
+    CNVX3DComputation middle;
+    ASSERT_TRUE(middle.LoadKRNFile(krn.c_str()));
+    middle.SetRSVFilePath(rsv);
+    ASSERT_TRUE(middle.WriteRSVFile());
+
+    // The plain-file load writes back in the solid order; a shell file is
+    // written back in its own order by a load-mode-0 load.
+    CNVX3DComputation last;
+    ASSERT_TRUE(kind == 1 ? last.LoadKRNFile(Project(krn, 1, 0)) : last.LoadKRNFile(krn.c_str()));
+    last.SetSolidCoolIDSolver(9);  // overwritten by the RSV tables
+    last.SetRSVFilePath(rsv);
+    ASSERT_TRUE(last.ReadRSVFile());
+    const std::string again = dir.File("again.krn");
+    ASSERT_TRUE(last.WriteKRNFile(again, 0));
+    std::string text = nvxtest::ReadText(again);
+    if (kind == 1) {
+      // The load-mode-0 writer always adds the hot-runner steady section.
+      const std::size_t at = text.find("<FILL_ADVANCED_HRSteady>");
+      const std::string close = "</FILL_ADVANCED_HRSteady>\n";
+      ASSERT_NE(at, std::string::npos);
+      text.erase(at, text.find(close) + close.size() - at);
+    }
+    EXPECT_EQ(text, nvxtest::ReadText(krn));
+  }
+}
