@@ -204,12 +204,20 @@ CRSVGroup* CRSVTool::OpenGroup(int group, int child) {
   return nullptr;
 }
 
+// A group name may end in one separator ("Sequence/"); it names the same group.
+static std::string GroupName(std::string name) {
+  if (name.size() > 1 && name.back() == '/') name.pop_back();
+  return name;
+}
+
 CRSVGroup* CRSVTool::OpenGroup(CRSVGroup* parent, std::string name) {
+  name = GroupName(std::move(name));
   Hid group = detail::OpenChild(m_state->GroupHandle(parent), name, H5I_GROUP);
   return group.valid() ? m_state->AddGroup(std::move(group)) : nullptr;
 }
 
 CRSVGroup* CRSVTool::CreateGroup(CRSVGroup* parent, std::string name) {
+  name = GroupName(std::move(name));
   const hid_t parentId = m_state->GroupHandle(parent);
   if (parentId < 0 || !detail::IsLinkName(name)) return nullptr;
   Hid group =

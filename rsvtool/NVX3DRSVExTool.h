@@ -141,7 +141,8 @@ class CRSVTool {
   bool IsReadOnly() const { return m_readOnly; }
 
   // Open* return null when the object is missing or of another kind; Create*
-  // return null when the name is already taken.
+  // return null when the name is already taken. A group name may end in one
+  // "/" ("Sequence/" names the group "Sequence").
   CRSVGroup* OpenGroup(int group);
   CRSVGroup* OpenGroup(int group, int child);
   CRSVGroup* OpenGroup(CRSVGroup* parent, std::string name);

@@ -11,11 +11,15 @@
 using nvx::DocumentWriter;
 using nvx::KrnTag;
 
+// The page flags and the default-template path start cleared, so that a copy
+// or a page reset before any load reads defined values.
 CNVX3DComputation::CNVX3DComputation()
-    : m_bSolidFillRead(false),
+    : m_bPageAvailable(),
+      m_bSolidFillRead(false),
       m_bShellFillRead(false),
       m_bTemplateMode(false),
-      m_pImpl(new (std::nothrow) CNVX3DComputationImpl()) {}
+      m_pImpl(new (std::nothrow) CNVX3DComputationImpl()),
+      m_szDefaultTemplate() {}
 
 CNVX3DComputation::~CNVX3DComputation() {
   delete m_pImpl;

@@ -999,6 +999,17 @@ class NVX_API CNVX3DComputation {
   void SetCpmoutingValueComputingManagerNoTask(int count);
 
   // ---- Templates, page defaults and user-defined parameters -----------------
+  // The per-user template "KRNTemplate.krn" in the per-user directory: whether
+  // it exists, and loading it (without one: every section back to the
+  // defaults of the model kind, and false).
+  bool IsUsetDefinedExists();
+  bool LoadUserDefineKRN();
+  // Remembers the default template (a path of 512 characters or more is
+  // ignored) and takes its two fibre values.
+  void LoadGPDefaultTemplete(std::string path);
+  // Page 0 fill/pack, 1 cooling, 2 warpage back to the default template's
+  // values; any other page changes nothing. True with an implementation object.
+  bool ReSetPageToDefaultValue(int page);
 
  private:
   // Page-availability flags, copied from the implementation object.

@@ -2,6 +2,7 @@
 #include "NVX3DComputation.h"
 #include "NVX3DRSVExTool.h"
 #include "core/NVX3DComputationImpl.h"
+#include "rsv/ComputationReport.h"
 #include "rsv/RSVTables.h"
 
 using NVX3DRSVExTool::CRSVGroup;
@@ -24,7 +25,8 @@ bool CNVX3DComputation::WriteRSVFile() {
   nvx::WriteParameterTables(tool, group, *m_pImpl);
   tool.CloseGroup(group);
   tool.Close();
-  return true;
+  // The computation report goes into the same file; its result is the call's.
+  return nvx::WriteComputationReport(path, nvx::GatherReport(*m_pImpl)) == 1;
 }
 
 // True whenever the implementation object exists: a missing file or group
