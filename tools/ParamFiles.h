@@ -60,10 +60,16 @@ void CheckKrnStorable(const nvx::Key& key, const std::string& value);
 std::vector<std::string> SectionsLostByWriter(CNVX3DComputationImpl& impl);
 
 // Writes `path` through `write`, which receives the name of a fresh file in
-// the same directory and returns whether it wrote it. The fresh file replaces
-// `path` (keeping its permissions) only when it is complete, so a failure
-// leaves the old file as it was.
-void ReplaceFile(const std::string& path, const std::function<bool(const std::string&)>& write);
+// the same directory (a copy of the old file when `startFromOld`) and returns
+// whether it wrote it, with the reason when not. The fresh file replaces
+// `path` (keeping its permissions) only when it is complete and on disk, so a
+// failure leaves the old file as it was; the failure ends the command with
+// its cause.
+void ReplaceFile(const std::string& path,
+                 const std::function<bool(const std::string&, std::string*)>& write,
+                 bool startFromOld = false);
+// Writes the section-present KRN document of `impl` as `path` the same way.
+void WriteKrn(const std::string& path, CNVX3DComputationImpl& impl);
 
 }  // namespace nvxparam
 

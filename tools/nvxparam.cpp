@@ -3,7 +3,9 @@
 // and keys are reached through the sections' key lists, so a section that gets
 // records needs no code here.
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
+#include <cstring>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -11,6 +13,7 @@
 #include <vector>
 
 #include "NVX3DComputation.h"
+#include "NVXHostHooks.h"
 #include "ParamFiles.h"
 #include "core/KeyText.h"
 #include "krn/KRNDocumentWriter.h"
@@ -92,8 +95,11 @@ void RunNew(const Args& args) {
   data.ModelKind = modelKind;
   data.AnalysisType = analysisType;
   if (!computation.LoadKRNFile(data)) Fail("cannot set up the defaults for " + file);
-  nvxparam::ReplaceFile(file,
-                        [&](const std::string& temp) { return computation.WriteKRNFile(temp, 0); });
+  nvxparam::ReplaceFile(file, [&](const std::string& temp, std::string* error) {
+    const bool written = computation.WriteKRNFile(temp, 0);
+    if (!written) *error = "writing " + file + " failed";
+    return written;
+  });
 }
 
 // ---- show, get, set ----------------------------------------------------------
@@ -180,9 +186,7 @@ void RunSet(const Args& args) {
     if (!error.empty()) errors += (errors.empty() ? "" : "\nnvxparam: ") + error;
   }
   if (!errors.empty()) Fail(errors);
-  nvxparam::ReplaceFile(file, [&](const std::string& temp) {
-    return nvx::WriteKrnDocument(nvx::DocumentWriter::kSectionPresent, temp, *params.impl);
-  });
+  nvxparam::WriteKrn(file, *params.impl);
 }
 
 // ---- RSV conversions ---------------------------------------------------------
@@ -199,11 +203,23 @@ void RunToRsv(const Args& args) {
   }
   CNVX3DComputation computation;
   if (!computation.LoadKRNFile(krn.c_str())) Fail("cannot read " + krn);
-  computation.SetRSVFilePath(rsv);
-  if (!computation.WriteRSVFile()) {
-    if (!existed) std::filesystem::remove(rsv, ec);
-    Fail("writing the parameters into " + rsv + " failed");
-  }
+  // The tables go into a copy of the file, which replaces it only when every
+  // write and the close succeeded.
+  nvxparam::ReplaceFile(
+      rsv,
+      [&](const std::string& fresh, std::string* error) {
+        // A new RSV file is created where the empty fresh file stands.
+        if (!existed) std::filesystem::remove(fresh, ec);
+        computation.SetRSVFilePath(fresh);
+        errno = 0;
+        if (computation.WriteRSVFile()) return true;
+        // The file library leaves the system's reason of a failed write behind.
+        const int reason = errno;
+        *error = "writing the parameters into " + rsv + " failed";
+        if (reason != 0) *error += std::string(": ") + std::strerror(reason);
+        return false;
+      },
+      /*startFromOld=*/true);
 }
 
 void RunFromRsv(const Args& args) {
@@ -213,9 +229,7 @@ void RunFromRsv(const Args& args) {
   if (nvxparam::IsHdf5File(krn)) Fail(krn + " is an HDF5 file; not overwriting it");
   // Every section that has a table is written, whether or not the file held it.
   const nvxparam::Params params = nvxparam::LoadRsv(rsv);
-  nvxparam::ReplaceFile(krn, [&](const std::string& temp) {
-    return nvx::WriteKrnDocument(nvx::DocumentWriter::kSectionPresent, temp, *params.impl);
-  });
+  nvxparam::WriteKrn(krn, *params.impl);
 }
 
 // ---- help and dispatch -------------------------------------------------------
@@ -318,6 +332,9 @@ int Run(const Args& argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A file that cannot be opened for writing fails the command with its cause
+  // instead of ending the process inside the library.
+  NVXSetCantOpenHandler([](const char*) {});
   try {
     return Run(Args(argv + 1, argv + argc));
   } catch (const std::exception& e) {
