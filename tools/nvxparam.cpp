@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "GuardedRun.h"
 #include "NVX3DComputation.h"
 #include "NVXHostHooks.h"
 #include "ParamFiles.h"
@@ -31,6 +32,8 @@ struct Verb {
   const char* synopsis;  // arguments after the verb
   const char* details;
   void (*run)(const Args& args);
+  // Reads the RSV files among its arguments (run in a guarded child).
+  bool readsRsv = false;
 };
 
 const Verb* FindVerb(const std::string& name);
@@ -246,11 +249,11 @@ const Verb kVerbs[] = {
      "Lists every section FILE holds as a [SECTION] line followed by its\n"
      "\"Key = value\" lines. FILE is a KRN file or an RSV file; of an RSV file the\n"
      "sections whose table it holds are listed.\n",
-     RunShow},
+     RunShow, true},
     {"get", "FILE SECTION.Key",
      "Prints the value of one key, e.g. SOLID_FILL.FlagInertia. FILE is a KRN\n"
      "file or an RSV file.\n",
-     RunGet},
+     RunGet, true},
     {"set", "FILE.krn SECTION.Key=VALUE...",
      "Sets one or more keys and writes FILE.krn once. Every assignment is checked\n"
      "first; when any of them is wrong nothing is written. A section FILE.krn did\n"
@@ -260,11 +263,11 @@ const Verb kVerbs[] = {
     {"to-rsv", "FILE.krn FILE.rsv",
      "Writes the parameters of FILE.krn into the parameter tables of FILE.rsv,\n"
      "creating FILE.rsv when it does not exist.\n",
-     RunToRsv},
+     RunToRsv, true},
     {"from-rsv", "FILE.rsv FILE.krn",
      "Writes the parameter tables of FILE.rsv as the KRN file FILE.krn, one\n"
      "section for every table the parameters know. FILE.krn is replaced.\n",
-     RunFromRsv},
+     RunFromRsv, true},
     {"help", "[VERB]", "Shows the usage of nvxparam or of one verb.\n", RunHelp},
 };
 
@@ -324,6 +327,13 @@ int Run(const Args& argv) {
   if (std::any_of(args.begin(), args.end(), IsHelpOption)) {
     std::cout << VerbUsage(*verb);
     return 0;
+  }
+  // An RSV file may be damaged so that the HDF5 library crashes or hangs on it;
+  // such a file is read in a child process under time and memory limits.
+  if (verb->readsRsv) {
+    for (const std::string& arg : args) {
+      if (nvxparam::IsHdf5File(arg)) return nvxparam::RunGuarded(arg, [&] { verb->run(args); });
+    }
   }
   verb->run(args);
   return 0;
