@@ -32,9 +32,9 @@
 //  * Failures of writes, flushes and closes are counted from Create/Open on;
 //    Close() reports them, so a caller learns that a file is incomplete even
 //    when it did not check every item.
-//  * The HDF5 library is not thread-safe: every call into it is serialised by
-//    one process-wide lock, so tools may be used from several threads (one
-//    tool per thread). HDF5's own clean-up at process exit is switched off
+//  * HDF5 libraries are often built without thread-safety: every call into
+//    it is serialised by one process-wide lock, so tools may be used from
+//    several threads (one tool per thread). HDF5's own clean-up at process exit is switched off
 //    (files are closed by the tools), because it would touch a file whose close
 //    failed and crash.
 //  * Objects returned by Open*/Create* belong to the tool and stay valid until the

@@ -16,8 +16,14 @@ struct SilencerState {
   void* savedData = nullptr;
 };
 
+// A thread-safe HDF5 library keeps the error printing per thread, so the
+// silencer does too; otherwise it is one setting for the process.
 SilencerState& Silencer() {
+#ifdef H5_HAVE_THREADSAFE
+  thread_local SilencerState state;
+#else
   static SilencerState state;
+#endif
   return state;
 }
 

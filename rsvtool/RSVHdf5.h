@@ -67,9 +67,10 @@ inline Hid AttrId(hid_t id) { return Hid(id, H5Aclose); }
 inline Hid PlistId(hid_t id) { return Hid(id, H5Pclose); }
 inline Hid ObjectId(hid_t id) { return Hid(id, H5Oclose); }
 
-// The HDF5 library of the system is not thread-safe: every call into it is
-// made under this one process-wide lock. It is recursive because public calls
-// of the tool use each other.
+// HDF5 libraries built without thread-safety must never be entered from two
+// threads at once: every call into it is made under this one process-wide
+// lock (redundant, and harmless, where the library has its own). It is
+// recursive because public calls of the tool use each other.
 std::recursive_mutex& Hdf5Mutex();
 using Hdf5Lock = std::lock_guard<std::recursive_mutex>;
 
@@ -77,8 +78,9 @@ using Hdf5Lock = std::lock_guard<std::recursive_mutex>;
 // clean-up closes again a file whose close failed and crashes.
 void StartLibrary();
 
-// Keeps HDF5's automatic error printing off while at least one instance lives;
-// the handler found by the first instance is restored when the last one goes.
+// Keeps HDF5's automatic error printing off while at least one instance lives
+// (in this thread, where HDF5 keeps the setting per thread); the handler found
+// by the first instance is restored when the last one goes.
 class ErrorSilencer {
  public:
   ErrorSilencer();
