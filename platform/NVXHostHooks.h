@@ -1,6 +1,6 @@
 // Exported platform functions a host may call or replace: the per-user
-// directory of the current release and the handlers of message boxes and
-// debugger text.
+// directory of the current release and the handlers of message boxes,
+// debugger text and a KRN file that cannot be opened for writing.
 #ifndef NVX_PLATFORM_NVXHOSTHOOKS_H_
 #define NVX_PLATFORM_NVXHOSTHOOKS_H_
 
@@ -28,5 +28,13 @@ using NVXMessageBoxHandler = void (*)(const char* text, const char* caption);
 using NVXDebugOutputHandler = void (*)(const char* text);
 NVX_API void NVXSetMessageBoxHandler(NVXMessageBoxHandler handler);
 NVX_API void NVXSetDebugOutputHandler(NVXDebugOutputHandler handler);
+
+// A KRN file that cannot be opened for writing goes to this handler with its
+// path. The default prints "Can't open" on standard error and ends the process
+// with status 1, so that the solvers never start on a stale parameter file. A
+// handler that returns makes the write report failure (false) instead.
+// Passing nullptr restores the default.
+using NVXCantOpenHandler = void (*)(const char* path);
+NVX_API void NVXSetCantOpenHandler(NVXCantOpenHandler handler);
 
 #endif  // NVX_PLATFORM_NVXHOSTHOOKS_H_

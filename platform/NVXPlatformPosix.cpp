@@ -1,8 +1,10 @@
 // The platform module on POSIX systems: processor and memory queries, the
-// per-user directory, host message hooks, UTF-8 conversion and file queries.
+// per-user directory, host message hooks, local time, UTF-8 conversion and
+// file queries.
 #include "NVXPlatform.h"
 
 #include <sys/stat.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -22,8 +24,15 @@ void DefaultMessageBox(const char* text, const char* caption) {
 
 void DefaultDebugOutput(const char* text) { std::fprintf(stderr, "%s\n", text ? text : ""); }
 
+void DefaultCantOpen(const char* /*path*/) {
+  std::fputs("Can't open\n", stderr);
+  std::fflush(stderr);
+  std::exit(1);
+}
+
 NVXMessageBoxHandler g_messageBox = DefaultMessageBox;
 NVXDebugOutputHandler g_debugOutput = DefaultDebugOutput;
+NVXCantOpenHandler g_cantOpen = DefaultCantOpen;
 
 // Creates every missing directory of `path` (like mkdir -p).
 bool MakeDirectories(const std::string& path) {
@@ -82,6 +91,10 @@ void NVXSetDebugOutputHandler(NVXDebugOutputHandler handler) {
   g_debugOutput = handler ? handler : DefaultDebugOutput;
 }
 
+void NVXSetCantOpenHandler(NVXCantOpenHandler handler) {
+  g_cantOpen = handler ? handler : DefaultCantOpen;
+}
+
 namespace nvx {
 namespace platform {
 
@@ -100,6 +113,12 @@ std::uint64_t PhysicalMemoryBytes() {
 void ShowMessageBox(const char* text, const char* caption) { g_messageBox(text, caption); }
 
 void DebugOutput(const char* text) { g_debugOutput(text); }
+
+void CantOpen(const char* path) { g_cantOpen(path ? path : ""); }
+
+bool LocalTime(std::time_t t, std::tm* out) {
+  return out != nullptr && ::localtime_r(&t, out) != nullptr;
+}
 
 std::string WideToNarrow(const std::wstring& wide) {
   std::string out;

@@ -12,6 +12,8 @@
 
 namespace NVX3DRSVExTool {
 
+using detail::Hdf5Lock;
+using detail::Hdf5Mutex;
 using detail::Hid;
 
 namespace {
@@ -111,6 +113,32 @@ struct CRSVTool::State {
   std::map<int, Compound> compounds;
   int building = -1;  // id of the compound type being defined, -1 if none
   int nextCompoundId = kFirstCompoundId;
+  int failures = 0;  // failed writes, flushes and closes since Create/Open
+
+  template <class T, class... Args>
+  T* Own(std::vector<std::unique_ptr<T>>& owned, Hid& id, Args... args) {
+    T* object = Adopt(owned, id, args...);
+    object->m_failures = &failures;
+    return object;
+  }
+  // Closes and forgets one object of `owned`; non-zero when HDF5 failed to
+  // close it (counted as a failure as well).
+  template <class T>
+  int CloseOne(std::vector<std::unique_ptr<T>>& owned, const void* object) {
+    T* found = Find(owned, object);
+    if (found == nullptr) return 0;
+    const int rc = found->CloseId();
+    if (rc != 0) ++failures;
+    Erase(owned, object);
+    return rc;
+  }
+  template <class T>
+  void CloseAll(std::vector<std::unique_ptr<T>>& owned) {
+    for (auto& object : owned) {
+      if (object->CloseId() != 0) ++failures;
+    }
+    owned.clear();
+  }
 
   // Pointers are compared, never dereferenced, until they are known to be ours.
   hid_t GroupHandle(const CRSVGroup* group) const {
@@ -123,7 +151,7 @@ struct CRSVTool::State {
     if (const CRSVObject* o = Find(arrays, object)) return o->Handle();
     return H5I_INVALID_HID;
   }
-  CRSVGroup* AddGroup(Hid id) { return Adopt(groups, id); }
+  CRSVGroup* AddGroup(Hid id) { return Own(groups, id); }
   CRSVGroup* OpenPath(const std::vector<const char*>& path) {
     if (!file.valid()) return nullptr;
     Hid current = detail::ObjectId(H5Oopen(file.get(), "/", H5P_DEFAULT));
@@ -137,9 +165,22 @@ struct CRSVTool::State {
 
 CRSVTool::CRSVTool() : m_state(std::make_unique<State>()) {}
 
-CRSVTool::~CRSVTool() { Close(); }
+CRSVTool::~CRSVTool() {
+  Hdf5Lock lock(Hdf5Mutex());
+  Close();
+  m_state.reset();
+}
+
+bool CRSVTool::IsHdf5File(const std::string& path) {
+  detail::StartLibrary();
+  Hdf5Lock lock(Hdf5Mutex());
+  detail::ErrorSilencer silencer;
+  // Reads the signature only; the file is opened read-only, if at all.
+  return !path.empty() && H5Fis_hdf5(path.c_str()) > 0;
+}
 
 int CRSVTool::Create(const std::string& path, unsigned a, unsigned b, unsigned c) {
+  Hdf5Lock lock(Hdf5Mutex());
   if (m_state->file.valid()) Close();
   if (path.empty()) return -1;
   Hid fapl = FileAccess();
@@ -158,46 +199,67 @@ int CRSVTool::Create(const std::string& path, unsigned a, unsigned b, unsigned c
   }
   if (!ok) {
     // The file is ours (exclusive creation); do not leave a half-made one behind.
-    file.Reset();
+    file.Close();
     std::remove(path.c_str());
     return -1;
   }
   m_state->file = std::move(file);
+  m_state->failures = 0;
   m_readOnly = false;
   return 0;
 }
 
-int CRSVTool::Open(const std::string& path) {
+int CRSVTool::Open(const std::string& path) { return OpenFile(path, true); }
+
+int CRSVTool::OpenReadOnly(const std::string& path) { return OpenFile(path, false); }
+
+int CRSVTool::OpenFile(const std::string& path, bool writable) {
+  Hdf5Lock lock(Hdf5Mutex());
   if (m_state->file.valid()) Close();
-  if (path.empty()) return -1;
+  // Opening anything but an HDF5 file for writing would make it one (an empty
+  // file gets a superblock), so the signature is checked first.
+  if (path.empty() || H5Fis_hdf5(path.c_str()) <= 0) return -1;
   Hid fapl = FileAccess();
   if (!fapl.valid()) return -1;
-  Hid file(H5Fopen(path.c_str(), H5F_ACC_RDWR, fapl.get()), H5Fclose);
-  bool readOnly = false;
-  if (!file.valid()) {
-    file = Hid(H5Fopen(path.c_str(), H5F_ACC_RDONLY, fapl.get()), H5Fclose);
-    readOnly = true;
-  }
+  Hid file;
+  if (writable) file = Hid(H5Fopen(path.c_str(), H5F_ACC_RDWR, fapl.get()), H5Fclose);
+  const bool readOnly = !file.valid();
+  if (readOnly) file = Hid(H5Fopen(path.c_str(), H5F_ACC_RDONLY, fapl.get()), H5Fclose);
   if (!file.valid()) return -1;
   m_state->file = std::move(file);
+  m_state->failures = 0;
   m_readOnly = readOnly;
   return 0;
 }
 
-void CRSVTool::Close() {
+int CRSVTool::Close() {
+  Hdf5Lock lock(Hdf5Mutex());
   State& s = *m_state;
-  s.arrays.clear();
-  s.tables.clear();
-  s.groups.clear();
+  s.CloseAll(s.arrays);
+  s.CloseAll(s.tables);
+  s.CloseAll(s.groups);
+  for (auto& entry : s.compounds) {
+    if (entry.second.type.Close() != 0) ++s.failures;
+  }
   s.compounds.clear();
   s.building = -1;
-  s.file.Reset();
+  if (s.file.valid()) {
+    const hid_t file = s.file.Release();
+    // A failed close (a full disk while flushing) leaves HDF5 with a file it
+    // has half taken apart; any further call on that identifier crashes, so
+    // it is given up rather than closed again.
+    if (H5Fclose(file) < 0) ++s.failures;
+  }
+  const int failures = s.failures;
+  s.failures = 0;
   m_readOnly = false;
+  return failures == 0 ? 0 : -1;
 }
 
 CRSVGroup* CRSVTool::OpenGroup(int group) { return OpenGroup(group, 0); }
 
 CRSVGroup* CRSVTool::OpenGroup(int group, int child) {
+  Hdf5Lock lock(Hdf5Mutex());
   for (const NumberedGroup& entry : NumberedGroups()) {
     if (entry.group == group && entry.child == child) return m_state->OpenPath(entry.path);
   }
@@ -211,12 +273,14 @@ static std::string GroupName(std::string name) {
 }
 
 CRSVGroup* CRSVTool::OpenGroup(CRSVGroup* parent, std::string name) {
+  Hdf5Lock lock(Hdf5Mutex());
   name = GroupName(std::move(name));
   Hid group = detail::OpenChild(m_state->GroupHandle(parent), name, H5I_GROUP);
   return group.valid() ? m_state->AddGroup(std::move(group)) : nullptr;
 }
 
 CRSVGroup* CRSVTool::CreateGroup(CRSVGroup* parent, std::string name) {
+  Hdf5Lock lock(Hdf5Mutex());
   name = GroupName(std::move(name));
   const hid_t parentId = m_state->GroupHandle(parent);
   if (parentId < 0 || !detail::IsLinkName(name)) return nullptr;
@@ -225,15 +289,20 @@ CRSVGroup* CRSVTool::CreateGroup(CRSVGroup* parent, std::string name) {
   return group.valid() ? m_state->AddGroup(std::move(group)) : nullptr;
 }
 
-void CRSVTool::CloseGroup(CRSVGroup* group) { Erase(m_state->groups, group); }
+int CRSVTool::CloseGroup(CRSVGroup* group) {
+  Hdf5Lock lock(Hdf5Mutex());
+  return m_state->CloseOne(m_state->groups, group);
+}
 
 CRSVTable* CRSVTool::OpenTable(CRSVGroup* group, const std::string& name) {
+  Hdf5Lock lock(Hdf5Mutex());
   Hid dataset = detail::OpenChild(m_state->GroupHandle(group), name, H5I_DATASET);
   if (!dataset.valid() || !detail::HasMarker(dataset.get(), detail::kTableMarker)) return nullptr;
-  return Adopt(m_state->tables, dataset);
+  return m_state->Own(m_state->tables, dataset);
 }
 
 CRSVTable* CRSVTool::CreateTable(CRSVGroup* group, const std::string& name) {
+  Hdf5Lock lock(Hdf5Mutex());
   const hid_t groupId = m_state->GroupHandle(group);
   if (groupId < 0 || !detail::IsLinkName(name)) return nullptr;
   Hid space = detail::SpaceId(H5Screate(H5S_NULL));
@@ -246,12 +315,16 @@ CRSVTable* CRSVTool::CreateTable(CRSVGroup* group, const std::string& name) {
     H5Ldelete(groupId, name.c_str(), H5P_DEFAULT);
     return nullptr;
   }
-  return Adopt(m_state->tables, dataset);
+  return m_state->Own(m_state->tables, dataset);
 }
 
-void CRSVTool::CloseTable(CRSVTable* table) { Erase(m_state->tables, table); }
+int CRSVTool::CloseTable(CRSVTable* table) {
+  Hdf5Lock lock(Hdf5Mutex());
+  return m_state->CloseOne(m_state->tables, table);
+}
 
 CRSVArray* CRSVTool::OpenArray(CRSVGroup* group, const std::string& name) {
+  Hdf5Lock lock(Hdf5Mutex());
   Hid dataset = detail::OpenChild(m_state->GroupHandle(group), name, H5I_DATASET);
   if (!dataset.valid()) return nullptr;
   // Tables and other marked datasets are not arrays; unmarked two-dimensional
@@ -280,11 +353,12 @@ CRSVArray* CRSVTool::OpenArray(CRSVGroup* group, const std::string& name) {
     default:
       return nullptr;
   }
-  return Adopt(m_state->arrays, dataset, elementType);
+  return m_state->Own(m_state->arrays, dataset, elementType);
 }
 
 CRSVArray* CRSVTool::CreateArray(CRSVGroup* group, const std::string& name, int elementType,
                                  std::uint64_t rows, std::uint64_t cols) {
+  Hdf5Lock lock(Hdf5Mutex());
   const hid_t groupId = m_state->GroupHandle(group);
   if (groupId < 0 || !detail::IsLinkName(name)) return nullptr;
   hid_t fileType = H5I_INVALID_HID;
@@ -315,12 +389,16 @@ CRSVArray* CRSVTool::CreateArray(CRSVGroup* group, const std::string& name, int 
     H5Ldelete(groupId, name.c_str(), H5P_DEFAULT);
     return nullptr;
   }
-  return Adopt(m_state->arrays, dataset, elementType);
+  return m_state->Own(m_state->arrays, dataset, elementType);
 }
 
-void CRSVTool::CloseArray(CRSVArray* array) { Erase(m_state->arrays, array); }
+int CRSVTool::CloseArray(CRSVArray* array) {
+  Hdf5Lock lock(Hdf5Mutex());
+  return m_state->CloseOne(m_state->arrays, array);
+}
 
 int CRSVTool::BeginCreateCompoundDataType(std::uint64_t size) {
+  Hdf5Lock lock(Hdf5Mutex());
   State& s = *m_state;
   // A definition that was never ended is dropped.
   if (s.building >= 0) s.compounds.erase(s.building);
@@ -336,6 +414,7 @@ int CRSVTool::BeginCreateCompoundDataType(std::uint64_t size) {
 
 int CRSVTool::AddCompoundDataTypeMember(const std::string& name, int typeCode,
                                         std::uint64_t offset) {
+  Hdf5Lock lock(Hdf5Mutex());
   State& s = *m_state;
   if (s.building < 0 || name.empty()) return -1;
   hid_t memberType = H5I_INVALID_HID;
@@ -354,6 +433,7 @@ int CRSVTool::AddCompoundDataTypeMember(const std::string& name, int typeCode,
 int CRSVTool::AddCompoundDataTypeFixedLengthStringMember(const std::string& name,
                                                          std::uint64_t offset,
                                                          std::uint64_t length) {
+  Hdf5Lock lock(Hdf5Mutex());
   State& s = *m_state;
   if (s.building < 0 || name.empty() || length == 0) return -1;
   Hid text = detail::TypeId(H5Tcopy(H5T_C_S1));
@@ -367,6 +447,7 @@ int CRSVTool::AddCompoundDataTypeFixedLengthStringMember(const std::string& name
 }
 
 int CRSVTool::EndCreateCompoundDataType() {
+  Hdf5Lock lock(Hdf5Mutex());
   State& s = *m_state;
   if (s.building < 0) return -1;
   State::Compound& compound = s.compounds[s.building];
@@ -378,12 +459,16 @@ int CRSVTool::EndCreateCompoundDataType() {
 }
 
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, const std::string& text) {
+  Hdf5Lock lock(Hdf5Mutex());
   const hid_t id = m_state->ObjectHandle(object);
   if (id < 0 || name == detail::kMarkerName) return -1;
-  return detail::PutStringAttribute(id, name, text);
+  const int rc = detail::PutStringAttribute(id, name, text);
+  if (rc != 0) ++m_state->failures;
+  return rc;
 }
 
 bool CRSVTool::ReadAttribute(CRSVObject* object, const std::string& name, std::string* text) {
+  Hdf5Lock lock(Hdf5Mutex());
   return detail::GetStringAttribute(m_state->ObjectHandle(object), name, text);
 }
 

@@ -24,9 +24,19 @@
 //    and the attribute "NVXObject" = "ARRAY". Element type codes: 3 = 32-bit
 //    signed int, 8 = double; any id returned by BeginCreateCompoundDataType whose
 //    definition has been ended is accepted as well (a compound element type).
-//  * Open() opens read-write and falls back to read-only. HDF5's automatic error
-//    printing is switched off while the tool is in use: an expected miss prints
-//    nothing.
+//  * Open() opens an HDF5 file read-write and falls back to read-only;
+//    OpenReadOnly() never opens for writing. Neither touches a file that is not
+//    HDF5 (opening an empty file read-write would write a superblock into it).
+//    HDF5's automatic error printing is switched off while the tool is in use:
+//    an expected miss prints nothing.
+//  * Failures of writes, flushes and closes are counted from Create/Open on;
+//    Close() reports them, so a caller learns that a file is incomplete even
+//    when it did not check every item.
+//  * HDF5 libraries are often built without thread-safety: every call into
+//    it is serialised by one process-wide lock, so tools may be used from
+//    several threads (one tool per thread). HDF5's own clean-up at process exit is switched off
+//    (files are closed by the tools), because it would touch a file whose close
+//    failed and crash.
 //  * Objects returned by Open*/Create* belong to the tool and stay valid until the
 //    matching Close* call or until the tool is closed or destroyed, which releases
 //    everything still open. Close* of a null pointer is a no-op.
@@ -59,7 +69,18 @@ class CRSVObject {
 
  protected:
   explicit CRSVObject(std::int64_t id) : m_id(id) {}
+  // Counts a non-zero result `rc` as a failure of the tool that owns the object.
+  int Note(int rc) {
+    if (rc != 0 && m_failures != nullptr) ++*m_failures;
+    return rc;
+  }
   std::int64_t m_id;
+
+ private:
+  friend class CRSVTool;
+  // Closes the identifier now; 0 on success.
+  int CloseId();
+  int* m_failures = nullptr;
 };
 
 class CRSVGroup : public CRSVObject {
@@ -119,6 +140,11 @@ class CRSVArray : public CRSVObject {
   int ReadArray(void* dst);
   // `src` holds rows * cols * element size bytes.
   int WriteArray(const void* src);
+  // The first `rows` rows (all columns) only; `dst`/`src` holds rows * cols *
+  // element size bytes. Fails when the array has fewer rows. They let a caller
+  // size its buffer from what it expects rather than from what a file claims.
+  int ReadRows(std::uint64_t rows, void* dst);
+  int WriteRows(std::uint64_t rows, const void* src);
 
  private:
   int m_elementType;
@@ -134,11 +160,17 @@ class CRSVTool {
   // New file with group 1 and its child 7; fails (non-zero) if the file exists.
   // Create and Open first close a file the tool still has open.
   int Create(const std::string& path, unsigned a, unsigned b, unsigned c);
-  // Existing file, read-write or else read-only.
+  // Existing HDF5 file, read-write or else read-only.
   int Open(const std::string& path);
-  // Releases every object still open and closes the file.
-  void Close();
+  // Existing HDF5 file, read-only.
+  int OpenReadOnly(const std::string& path);
+  // Releases every object still open and closes the file. Non-zero when a
+  // write, flush or close failed since the file was created or opened: the
+  // file on disk may then be incomplete.
+  int Close();
   bool IsReadOnly() const { return m_readOnly; }
+  // Whether `path` is an HDF5 file; reads its signature and changes nothing.
+  static bool IsHdf5File(const std::string& path);
 
   // Open* return null when the object is missing or of another kind; Create*
   // return null when the name is already taken. A group name may end in one
@@ -147,16 +179,17 @@ class CRSVTool {
   CRSVGroup* OpenGroup(int group, int child);
   CRSVGroup* OpenGroup(CRSVGroup* parent, std::string name);
   CRSVGroup* CreateGroup(CRSVGroup* parent, std::string name);
-  void CloseGroup(CRSVGroup* group);
+  // The Close* calls return non-zero when HDF5 fails to close the object.
+  int CloseGroup(CRSVGroup* group);
 
   CRSVTable* OpenTable(CRSVGroup* group, const std::string& name);
   CRSVTable* CreateTable(CRSVGroup* group, const std::string& name);
-  void CloseTable(CRSVTable* table);
+  int CloseTable(CRSVTable* table);
 
   CRSVArray* OpenArray(CRSVGroup* group, const std::string& name);
   CRSVArray* CreateArray(CRSVGroup* group, const std::string& name, int elementType,
                          std::uint64_t rows, std::uint64_t cols);
-  void CloseArray(CRSVArray* array);
+  int CloseArray(CRSVArray* array);
 
   // Compound record types, built one at a time: Begin returns the new type's id
   // (negative on failure); the Add calls extend the type being built; End closes
@@ -175,6 +208,8 @@ class CRSVTool {
 
  private:
   struct State;
+  int OpenFile(const std::string& path, bool writable);
+
   std::unique_ptr<State> m_state;
   bool m_readOnly = false;
 };

@@ -1,3 +1,4 @@
+// Owned identifiers, the HDF5 lock, attribute reads and writes.
 #include "RSVHdf5.h"
 
 #include <algorithm>
@@ -10,14 +11,19 @@ namespace detail {
 namespace {
 
 struct SilencerState {
-  std::mutex mutex;
   int users = 0;
   H5E_auto2_t savedFunc = nullptr;
   void* savedData = nullptr;
 };
 
+// A thread-safe HDF5 library keeps the error printing per thread, so the
+// silencer does too; otherwise it is one setting for the process.
 SilencerState& Silencer() {
+#ifdef H5_HAVE_THREADSAFE
+  thread_local SilencerState state;
+#else
   static SilencerState state;
+#endif
   return state;
 }
 
@@ -32,9 +38,25 @@ Hid VariableStringType(H5T_cset_t cset) {
 
 }  // namespace
 
+std::recursive_mutex& Hdf5Mutex() {
+  static std::recursive_mutex mutex;
+  return mutex;
+}
+
+void StartLibrary() {
+  static std::once_flag once;
+  std::call_once(once, [] {
+    Hdf5Lock lock(Hdf5Mutex());
+    // Fails harmlessly when the host started the library already.
+    H5dont_atexit();
+    H5open();
+  });
+}
+
 ErrorSilencer::ErrorSilencer() {
+  StartLibrary();
   SilencerState& s = Silencer();
-  std::lock_guard<std::mutex> lock(s.mutex);
+  Hdf5Lock lock(Hdf5Mutex());
   if (s.users++ == 0) {
     if (H5Eget_auto2(H5E_DEFAULT, &s.savedFunc, &s.savedData) < 0) {
       s.savedFunc = nullptr;
@@ -46,7 +68,7 @@ ErrorSilencer::ErrorSilencer() {
 
 ErrorSilencer::~ErrorSilencer() {
   SilencerState& s = Silencer();
-  std::lock_guard<std::mutex> lock(s.mutex);
+  Hdf5Lock lock(Hdf5Mutex());
   if (--s.users == 0) H5Eset_auto2(H5E_DEFAULT, s.savedFunc, s.savedData);
 }
 
@@ -124,6 +146,17 @@ bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
 }
 
 int PutStringAttribute(hid_t object, const std::string& name, const std::string& text) {
+  // Every rewrite of a variable-length string leaves its old text behind in
+  // the file's heap; an unchanged text is therefore not written again.
+  std::string stored;
+  if (GetStringAttribute(object, name, &stored) && stored == text) {
+    Hid attr = OpenAttribute(object, name);
+    Hid storedType = attr.valid() ? TypeId(H5Aget_type(attr.get())) : Hid();
+    if (storedType.valid() && H5Tis_variable_str(storedType.get()) > 0 &&
+        H5Tget_cset(storedType.get()) == H5T_CSET_UTF8) {
+      return 0;
+    }
+  }
   Hid type = VariableStringType(H5T_CSET_UTF8);
   Hid space = SpaceId(H5Screate(H5S_SCALAR));
   if (!type.valid() || !space.valid()) return -1;

@@ -6,6 +6,7 @@
 #include <hdf5.h>
 
 #include <initializer_list>
+#include <mutex>
 #include <string>
 
 namespace NVX3DRSVExTool {
@@ -47,9 +48,12 @@ class Hid {
     m_id = H5I_INVALID_HID;
     return id;
   }
-  void Reset() {
-    if (m_id >= 0 && m_closer) m_closer(m_id);
-    m_id = H5I_INVALID_HID;
+  void Reset() { Close(); }
+  // Closes the identifier; 0 on success (also when there was none).
+  int Close() {
+    const hid_t id = Release();
+    if (id < 0 || !m_closer) return 0;
+    return m_closer(id) < 0 ? -1 : 0;
   }
 
  private:
@@ -63,8 +67,20 @@ inline Hid AttrId(hid_t id) { return Hid(id, H5Aclose); }
 inline Hid PlistId(hid_t id) { return Hid(id, H5Pclose); }
 inline Hid ObjectId(hid_t id) { return Hid(id, H5Oclose); }
 
-// Keeps HDF5's automatic error printing off while at least one instance lives;
-// the handler found by the first instance is restored when the last one goes.
+// HDF5 libraries built without thread-safety must never be entered from two
+// threads at once: every call into it is made under this one process-wide
+// lock (redundant, and harmless, where the library has its own). It is
+// recursive because public calls of the tool use each other.
+std::recursive_mutex& Hdf5Mutex();
+using Hdf5Lock = std::lock_guard<std::recursive_mutex>;
+
+// Starts the HDF5 library once, without its clean-up at process exit: that
+// clean-up closes again a file whose close failed and crashes.
+void StartLibrary();
+
+// Keeps HDF5's automatic error printing off while at least one instance lives
+// (in this thread, where HDF5 keeps the setting per thread); the handler found
+// by the first instance is restored when the last one goes.
 class ErrorSilencer {
  public:
   ErrorSilencer();
@@ -95,8 +111,9 @@ int PutAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t sp
 bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
                         std::initializer_list<H5T_class_t> classes, void* out);
 
-// Scalar string attributes; written as variable-length UTF-8, read from fixed or
-// variable-length strings.
+// Scalar string attributes; written as variable-length UTF-8 (left alone when
+// they already hold `text`, so that rewriting the same text leaves no garbage
+// in the file's heap), read from fixed or variable-length strings.
 int PutStringAttribute(hid_t object, const std::string& name, const std::string& text);
 bool GetStringAttribute(hid_t object, const std::string& name, std::string* text);
 

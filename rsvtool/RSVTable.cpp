@@ -5,12 +5,19 @@
 
 namespace NVX3DRSVExTool {
 
+using detail::Hdf5Lock;
+using detail::Hdf5Mutex;
 using detail::Hid;
 
 static_assert(sizeof(int) == 4, "int items are stored as 32-bit integers");
 
-CRSVObject::~CRSVObject() {
-  if (m_id >= 0) H5Oclose(m_id);
+CRSVObject::~CRSVObject() { CloseId(); }
+
+int CRSVObject::CloseId() {
+  Hdf5Lock lock(Hdf5Mutex());
+  const hid_t id = m_id;
+  m_id = H5I_INVALID_HID;
+  return id >= 0 && H5Oclose(id) < 0 ? -1 : 0;
 }
 
 CRSVGroup::~CRSVGroup() = default;
@@ -45,45 +52,54 @@ int PutScalar(hid_t table, const std::string& name, hid_t fileType, hid_t memTyp
 
 }  // namespace
 
+// Every failed write is counted by the tool as well as returned (Note).
 int CRSVTable::SetItem(const std::string& name, int value) {
-  return PutScalar(m_id, name, H5T_STD_I32LE, H5T_NATIVE_INT, &value);
+  Hdf5Lock lock(Hdf5Mutex());
+  return Note(PutScalar(m_id, name, H5T_STD_I32LE, H5T_NATIVE_INT, &value));
 }
 
 int CRSVTable::SetItem(const std::string& name, double value) {
-  return PutScalar(m_id, name, H5T_IEEE_F64LE, H5T_NATIVE_DOUBLE, &value);
+  Hdf5Lock lock(Hdf5Mutex());
+  return Note(PutScalar(m_id, name, H5T_IEEE_F64LE, H5T_NATIVE_DOUBLE, &value));
 }
 
 int CRSVTable::SetItem(const std::string& name, bool value) {
+  Hdf5Lock lock(Hdf5Mutex());
   Hid type = BoolType();
-  if (!type.valid()) return -1;
+  if (!type.valid()) return Note(-1);
   const signed char stored = value ? 1 : 0;
-  return PutScalar(m_id, name, type.get(), type.get(), &stored);
+  return Note(PutScalar(m_id, name, type.get(), type.get(), &stored));
 }
 
 int CRSVTable::SetItem(const std::string& name, const std::string& value) {
-  if (!IsItemName(name)) return -1;
-  return detail::PutStringAttribute(m_id, name, value);
+  Hdf5Lock lock(Hdf5Mutex());
+  if (!IsItemName(name)) return Note(-1);
+  return Note(detail::PutStringAttribute(m_id, name, value));
 }
 
 int CRSVTable::SetItem(const std::string& name, std::uint64_t size, const void* bytes) {
-  if (!IsItemName(name) || (size > 0 && bytes == nullptr)) return -1;
+  Hdf5Lock lock(Hdf5Mutex());
+  if (!IsItemName(name) || (size > 0 && bytes == nullptr)) return Note(-1);
   const hsize_t dims[1] = {static_cast<hsize_t>(size)};
   Hid space = detail::SpaceId(size == 0 ? H5Screate(H5S_NULL) : H5Screate_simple(1, dims, nullptr));
-  if (!space.valid()) return -1;
-  return detail::PutAttribute(m_id, name, H5T_STD_U8LE, space.get(), H5T_NATIVE_UINT8, bytes);
+  if (!space.valid()) return Note(-1);
+  return Note(detail::PutAttribute(m_id, name, H5T_STD_U8LE, space.get(), H5T_NATIVE_UINT8, bytes));
 }
 
 bool CRSVTable::GetItem(const std::string& name, int* value) {
+  Hdf5Lock lock(Hdf5Mutex());
   if (value == nullptr || !IsItemName(name)) return false;
   return detail::GetScalarAttribute(m_id, name, H5T_NATIVE_INT, {H5T_INTEGER, H5T_FLOAT}, value);
 }
 
 bool CRSVTable::GetItem(const std::string& name, double* value) {
+  Hdf5Lock lock(Hdf5Mutex());
   if (value == nullptr || !IsItemName(name)) return false;
   return detail::GetScalarAttribute(m_id, name, H5T_NATIVE_DOUBLE, {H5T_INTEGER, H5T_FLOAT}, value);
 }
 
 bool CRSVTable::GetItem(const std::string& name, bool* value) {
+  Hdf5Lock lock(Hdf5Mutex());
   if (value == nullptr || !IsItemName(name)) return false;
   Hid type = BoolType();
   signed char stored = -1;
@@ -97,11 +113,13 @@ bool CRSVTable::GetItem(const std::string& name, bool* value) {
 }
 
 bool CRSVTable::GetItem(const std::string& name, std::string* value) {
+  Hdf5Lock lock(Hdf5Mutex());
   if (value == nullptr || !IsItemName(name)) return false;
   return detail::GetStringAttribute(m_id, name, value);
 }
 
 bool CRSVTable::GetItem(const std::string& name, std::uint64_t* size, const void** bytes) {
+  Hdf5Lock lock(Hdf5Mutex());
   if (size == nullptr || bytes == nullptr || !IsItemName(name)) return false;
   Hid attr = detail::OpenAttribute(m_id, name);
   if (!attr.valid()) return false;
@@ -131,13 +149,14 @@ bool CRSVTable::GetItem(const std::string& name, std::uint64_t* size, const void
 }
 
 int CRSVTable::Flush() {
-  if (m_id < 0) return -1;
+  Hdf5Lock lock(Hdf5Mutex());
+  if (m_id < 0) return Note(-1);
   Hid file(H5Iget_file_id(m_id), H5Fclose);
   unsigned intent = 0;
-  if (!file.valid() || H5Fget_intent(file.get(), &intent) < 0) return -1;
+  if (!file.valid() || H5Fget_intent(file.get(), &intent) < 0) return Note(-1);
   // A read-only file has nothing to commit.
   if ((intent & H5F_ACC_RDWR) == 0) return 0;
-  return H5Fflush(m_id, H5F_SCOPE_LOCAL) < 0 ? -1 : 0;
+  return Note(H5Fflush(m_id, H5F_SCOPE_LOCAL) < 0 ? -1 : 0);
 }
 
 }  // namespace NVX3DRSVExTool

@@ -2,16 +2,13 @@
 // replacement of the files nvxparam writes.
 #include "ParamFiles.h"
 
-#include <stdlib.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <new>
+#include <sstream>
 
 #include "NVX3DRSVExTool.h"
 #include "NVXPlatform.h"
@@ -59,8 +56,6 @@ void RequireReadableFile(const std::string& path) {
   if (!std::ifstream(path)) Fail("cannot read " + path + ": " + std::strerror(errno));
 }
 
-std::string SystemError(const std::string& what) { return what + ": " + std::strerror(errno); }
-
 }  // namespace
 
 void Fail(const std::string& message) { throw Failure(message); }
@@ -86,15 +81,14 @@ Params LoadKrn(const std::string& path) {
 }
 
 bool IsHdf5File(const std::string& path) {
-  CRSVTool tool;
-  return nvx::platform::FileExists(path) && tool.Open(path) == 0;
+  return nvx::platform::FileExists(path) && CRSVTool::IsHdf5File(path);
 }
 
 Params LoadRsv(const std::string& path) {
   // The library's reader passes over a missing file or group in silence.
   if (!nvx::platform::FileExists(path)) Fail(path + ": no such file");
   CRSVTool tool;
-  if (tool.Open(path) != 0) Fail(path + " is not an RSV (HDF5) file");
+  if (tool.OpenReadOnly(path) != 0) Fail(path + " is not an RSV (HDF5) file");
   CRSVGroup* group = tool.OpenGroup(1, 4);
   if (group == nullptr) Fail(path + " holds no computation parameters");
 
@@ -168,9 +162,9 @@ void CheckKrnStorable(const nvx::Key& key, const std::string& value) {
   }
 }
 
-std::vector<std::string> SectionsLostByWriter(CNVX3DComputationImpl& impl) {
-  const std::vector<nvx::KrnTag> written =
-      nvx::DocumentSections(nvx::DocumentWriter::kSectionPresent, impl);
+std::vector<std::string> SectionsLostByWriter(CNVX3DComputationImpl& impl,
+                                              nvx::DocumentWriter writer) {
+  const std::vector<nvx::KrnTag> written = nvx::DocumentSections(writer, impl);
   std::vector<std::string> lost;
   for (std::size_t i = 0; i < nvx::kKrnTagCount; ++i) {
     const auto tag = static_cast<nvx::KrnTag>(i);
@@ -182,37 +176,43 @@ std::vector<std::string> SectionsLostByWriter(CNVX3DComputationImpl& impl) {
   return lost;
 }
 
-void ReplaceFile(const std::string& path, const std::function<bool(const std::string&)>& write) {
-  std::error_code ec;
-  fs::path target = path;
-  // Write through a link to the file it names, and leave the link in place.
-  if (fs::is_symlink(target, ec)) {
-    target = fs::canonical(target, ec);
-    if (ec) Fail("cannot resolve " + path + ": " + ec.message());
+void ReplaceFile(const std::string& path,
+                 const std::function<bool(const std::string&, std::string*)>& write,
+                 bool startFromOld) {
+  std::string error;
+  if (nvx::platform::ReplaceFile(path, write, startFromOld, &error) !=
+      nvx::platform::ReplaceStatus::kDone) {
+    Fail(error);
   }
-  struct stat st;
-  mode_t mode = 0;
-  if (::stat(target.c_str(), &st) == 0) {
-    if (::access(target.c_str(), W_OK) != 0) Fail(SystemError("cannot write " + path));
-    mode = st.st_mode & 07777;
-  } else {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    mode = 0666 & ~mask;
+}
+
+nvx::DocumentWriter WriterKeepingEverySection(const std::string& path,
+                                              CNVX3DComputationImpl& impl) {
+  // The section-present writer keeps the file's order but never writes the
+  // viscoelastic curve sections; the model-kind writer of kind 0 writes
+  // exactly the sections the file held, in the solid order.
+  if (SectionsLostByWriter(impl, nvx::DocumentWriter::kSectionPresent).empty()) {
+    return nvx::DocumentWriter::kSectionPresent;
   }
-  const fs::path dir = target.has_parent_path() ? target.parent_path() : fs::path(".");
-  std::string temp = (dir / ("." + target.filename().string() + ".XXXXXX")).string();
-  const int fd = ::mkstemp(temp.data());
-  if (fd < 0) Fail(SystemError("cannot write " + path));
-  ::close(fd);
-  if (!write(temp)) {
-    ::unlink(temp.c_str());
-    Fail("writing " + path + " failed");
+  impl.modelKind = 0;
+  const std::vector<std::string> lost = SectionsLostByWriter(impl, nvx::DocumentWriter::kModelKind);
+  if (!lost.empty()) {
+    std::string names;
+    for (const std::string& name : lost) names += (names.empty() ? "" : ", ") + name;
+    Fail(path + " holds sections that cannot be written back (" + names + "); not changed");
   }
-  if (::chmod(temp.c_str(), mode) != 0 || ::rename(temp.c_str(), target.c_str()) != 0) {
-    const std::string message = SystemError("cannot write " + path);
-    ::unlink(temp.c_str());
-    Fail(message);
+  return nvx::DocumentWriter::kModelKind;
+}
+
+void WriteKrn(const std::string& path, CNVX3DComputationImpl& impl, nvx::DocumentWriter writer) {
+  std::ostringstream text;
+  if (!nvx::WriteKrnDocument(writer, text, impl)) {
+    Fail("cannot make the KRN document for " + path);
+  }
+  std::string error;
+  if (nvx::platform::ReplaceFileContents(path, text.str(), &error) !=
+      nvx::platform::ReplaceStatus::kDone) {
+    Fail(error);
   }
 }
 

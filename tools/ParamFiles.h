@@ -13,6 +13,7 @@
 #include "core/KeyTable.h"
 #include "core/NVX3DComputationImpl.h"
 #include "core/SectionDef.h"
+#include "krn/KRNDocumentWriter.h"
 
 namespace nvxparam {
 
@@ -56,14 +57,25 @@ const nvx::Key& FindUserKey(const nvx::SectionDef& def, const nvx::KeyList& keys
 // Fails for a text value the KRN reader would not read back as it is.
 void CheckKrnStorable(const nvx::Key& key, const std::string& value);
 
-// Tags the file held that the section-present writer would leave out.
-std::vector<std::string> SectionsLostByWriter(CNVX3DComputationImpl& impl);
+// Tags the file held that `writer` would leave out.
+std::vector<std::string> SectionsLostByWriter(CNVX3DComputationImpl& impl,
+                                              nvx::DocumentWriter writer);
+// The document writer that writes back every section the file at `path`
+// held (the section-present writer when it does); fails when none does.
+nvx::DocumentWriter WriterKeepingEverySection(const std::string& path, CNVX3DComputationImpl& impl);
 
 // Writes `path` through `write`, which receives the name of a fresh file in
-// the same directory and returns whether it wrote it. The fresh file replaces
-// `path` (keeping its permissions) only when it is complete, so a failure
-// leaves the old file as it was.
-void ReplaceFile(const std::string& path, const std::function<bool(const std::string&)>& write);
+// the same directory (a copy of the old file when `startFromOld`) and returns
+// whether it wrote it, with the reason when not. The fresh file replaces
+// `path` (keeping its permissions) only when it is complete and on disk, so a
+// failure leaves the old file as it was; the failure ends the command with
+// its cause.
+void ReplaceFile(const std::string& path,
+                 const std::function<bool(const std::string&, std::string*)>& write,
+                 bool startFromOld = false);
+// Writes the KRN document of `impl` as `path` with `writer`, the same way.
+void WriteKrn(const std::string& path, CNVX3DComputationImpl& impl,
+              nvx::DocumentWriter writer = nvx::DocumentWriter::kSectionPresent);
 
 }  // namespace nvxparam
 

@@ -3,14 +3,18 @@
 // and keys are reached through the sections' key lists, so a section that gets
 // records needs no code here.
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
+#include <cstring>
 #include <exception>
 #include <filesystem>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "GuardedRun.h"
 #include "NVX3DComputation.h"
+#include "NVXHostHooks.h"
 #include "ParamFiles.h"
 #include "core/KeyText.h"
 #include "krn/KRNDocumentWriter.h"
@@ -28,6 +32,8 @@ struct Verb {
   const char* synopsis;  // arguments after the verb
   const char* details;
   void (*run)(const Args& args);
+  // Reads the RSV files among its arguments (run in a guarded child).
+  bool readsRsv = false;
 };
 
 const Verb* FindVerb(const std::string& name);
@@ -92,8 +98,11 @@ void RunNew(const Args& args) {
   data.ModelKind = modelKind;
   data.AnalysisType = analysisType;
   if (!computation.LoadKRNFile(data)) Fail("cannot set up the defaults for " + file);
-  nvxparam::ReplaceFile(file,
-                        [&](const std::string& temp) { return computation.WriteKRNFile(temp, 0); });
+  nvxparam::ReplaceFile(file, [&](const std::string& temp, std::string* error) {
+    const bool written = computation.WriteKRNFile(temp, 0);
+    if (!written) *error = "writing " + file + " failed";
+    return written;
+  });
 }
 
 // ---- show, get, set ----------------------------------------------------------
@@ -167,22 +176,14 @@ void RunSet(const Args& args) {
   const std::string& file = args[0];
   if (nvxparam::IsHdf5File(file)) Fail(file + " is an RSV file; set edits KRN files");
   const nvxparam::Params params = nvxparam::LoadKrn(file);
-  // The writer leaves out sections without records; writing would drop them.
-  const std::vector<std::string> lost = nvxparam::SectionsLostByWriter(*params.impl);
-  if (!lost.empty()) {
-    std::string names;
-    for (const std::string& name : lost) names += (names.empty() ? "" : ", ") + name;
-    Fail(file + " holds sections that cannot be written back (" + names + "); not changed");
-  }
+  const nvx::DocumentWriter writer = nvxparam::WriterKeepingEverySection(file, *params.impl);
   std::string errors;
   for (std::size_t i = 1; i < args.size(); ++i) {
     const std::string error = Assign(*params.impl, args[i]);
     if (!error.empty()) errors += (errors.empty() ? "" : "\nnvxparam: ") + error;
   }
   if (!errors.empty()) Fail(errors);
-  nvxparam::ReplaceFile(file, [&](const std::string& temp) {
-    return nvx::WriteKrnDocument(nvx::DocumentWriter::kSectionPresent, temp, *params.impl);
-  });
+  nvxparam::WriteKrn(file, *params.impl, writer);
 }
 
 // ---- RSV conversions ---------------------------------------------------------
@@ -199,11 +200,23 @@ void RunToRsv(const Args& args) {
   }
   CNVX3DComputation computation;
   if (!computation.LoadKRNFile(krn.c_str())) Fail("cannot read " + krn);
-  computation.SetRSVFilePath(rsv);
-  if (!computation.WriteRSVFile()) {
-    if (!existed) std::filesystem::remove(rsv, ec);
-    Fail("writing the parameters into " + rsv + " failed");
-  }
+  // The tables go into a copy of the file, which replaces it only when every
+  // write and the close succeeded.
+  nvxparam::ReplaceFile(
+      rsv,
+      [&](const std::string& fresh, std::string* error) {
+        // A new RSV file is created where the empty fresh file stands.
+        if (!existed) std::filesystem::remove(fresh, ec);
+        computation.SetRSVFilePath(fresh);
+        errno = 0;
+        if (computation.WriteRSVFile()) return true;
+        // The file library leaves the system's reason of a failed write behind.
+        const int reason = errno;
+        *error = "writing the parameters into " + rsv + " failed";
+        if (reason != 0) *error += std::string(": ") + std::strerror(reason);
+        return false;
+      },
+      /*startFromOld=*/true);
 }
 
 void RunFromRsv(const Args& args) {
@@ -213,9 +226,7 @@ void RunFromRsv(const Args& args) {
   if (nvxparam::IsHdf5File(krn)) Fail(krn + " is an HDF5 file; not overwriting it");
   // Every section that has a table is written, whether or not the file held it.
   const nvxparam::Params params = nvxparam::LoadRsv(rsv);
-  nvxparam::ReplaceFile(krn, [&](const std::string& temp) {
-    return nvx::WriteKrnDocument(nvx::DocumentWriter::kSectionPresent, temp, *params.impl);
-  });
+  nvxparam::WriteKrn(krn, *params.impl);
 }
 
 // ---- help and dispatch -------------------------------------------------------
@@ -232,11 +243,11 @@ const Verb kVerbs[] = {
      "Lists every section FILE holds as a [SECTION] line followed by its\n"
      "\"Key = value\" lines. FILE is a KRN file or an RSV file; of an RSV file the\n"
      "sections whose table it holds are listed.\n",
-     RunShow},
+     RunShow, true},
     {"get", "FILE SECTION.Key",
      "Prints the value of one key, e.g. SOLID_FILL.FlagInertia. FILE is a KRN\n"
      "file or an RSV file.\n",
-     RunGet},
+     RunGet, true},
     {"set", "FILE.krn SECTION.Key=VALUE...",
      "Sets one or more keys and writes FILE.krn once. Every assignment is checked\n"
      "first; when any of them is wrong nothing is written. A section FILE.krn did\n"
@@ -246,11 +257,11 @@ const Verb kVerbs[] = {
     {"to-rsv", "FILE.krn FILE.rsv",
      "Writes the parameters of FILE.krn into the parameter tables of FILE.rsv,\n"
      "creating FILE.rsv when it does not exist.\n",
-     RunToRsv},
+     RunToRsv, true},
     {"from-rsv", "FILE.rsv FILE.krn",
      "Writes the parameter tables of FILE.rsv as the KRN file FILE.krn, one\n"
      "section for every table the parameters know. FILE.krn is replaced.\n",
-     RunFromRsv},
+     RunFromRsv, true},
     {"help", "[VERB]", "Shows the usage of nvxparam or of one verb.\n", RunHelp},
 };
 
@@ -311,6 +322,13 @@ int Run(const Args& argv) {
     std::cout << VerbUsage(*verb);
     return 0;
   }
+  // An RSV file may be damaged so that the HDF5 library crashes or hangs on it;
+  // such a file is read in a child process under time and memory limits.
+  if (verb->readsRsv) {
+    for (const std::string& arg : args) {
+      if (nvxparam::IsHdf5File(arg)) return nvxparam::RunGuarded(arg, [&] { verb->run(args); });
+    }
+  }
   verb->run(args);
   return 0;
 }
@@ -318,6 +336,9 @@ int Run(const Args& argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A file that cannot be opened for writing fails the command with its cause
+  // instead of ending the process inside the library.
+  NVXSetCantOpenHandler([](const char*) {});
   try {
     return Run(Args(argv + 1, argv + argc));
   } catch (const std::exception& e) {

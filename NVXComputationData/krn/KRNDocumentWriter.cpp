@@ -1,10 +1,9 @@
 // Section lists and orders of the three document writers.
 #include "krn/KRNDocumentWriter.h"
 
-#include <cstdlib>
-#include <fstream>
-#include <iostream>
+#include <sstream>
 
+#include "NVXPlatform.h"
 #include "core/NVX3DComputationImpl.h"
 #include "krn/KRNSectionIO.h"
 #include "krn/KRNStream.h"
@@ -173,13 +172,8 @@ std::vector<KrnTag> DocumentSections(DocumentWriter writer, const CNVX3DComputat
   return {};
 }
 
-bool WriteKrnDocument(DocumentWriter writer, const std::string& path, CNVX3DComputationImpl& impl) {
-  std::ofstream file(path, std::ios::out | std::ios::trunc);
-  if (!file.is_open()) {
-    std::cerr << "Can't open" << std::endl;
-    std::exit(1);
-  }
-  KrnStream out(file);
+bool WriteKrnDocument(DocumentWriter writer, std::ostream& os, CNVX3DComputationImpl& impl) {
+  KrnStream out(os);
   out.Line("<?xml version=\"1.0\"?>");
   out.Line("<KRN_FILE>");
   const bool templateWriting = writer == DocumentWriter::kTemplate;
@@ -188,8 +182,26 @@ bool WriteKrnDocument(DocumentWriter writer, const std::string& path, CNVX3DComp
     if (const SectionDef* def = FindSection(tag)) WriteKrnSection(*def, out, impl, templateWriting);
   }
   out.Line("</KRN_FILE>");
-  file.close();
-  return true;
+  return static_cast<bool>(os);
+}
+
+bool WriteKrnDocument(DocumentWriter writer, const std::string& path, CNVX3DComputationImpl& impl) {
+  // The document is made in memory first, so that the file is written in one
+  // go through a fresh file that replaces the old one only when complete.
+  std::ostringstream text;
+  if (!WriteKrnDocument(writer, text, impl)) return false;
+  std::string error;
+  switch (platform::ReplaceFileContents(path, text.str(), &error)) {
+    case platform::ReplaceStatus::kDone:
+      return true;
+    case platform::ReplaceStatus::kCantOpen:
+      platform::CantOpen(path.c_str());  // by default the process ends here
+      return false;
+    case platform::ReplaceStatus::kWriteFailed:
+      platform::DebugOutput(error.c_str());
+      return false;
+  }
+  return false;
 }
 
 }  // namespace nvx

@@ -1,4 +1,7 @@
 // ReadRSVFile and WriteRSVFile: the parameter tables of the project's RSV file.
+#include <new>
+#include <stdexcept>
+
 #include "NVX3DComputation.h"
 #include "NVX3DRSVExTool.h"
 #include "core/NVX3DComputationImpl.h"
@@ -8,9 +11,11 @@
 using NVX3DRSVExTool::CRSVGroup;
 using NVX3DRSVExTool::CRSVTool;
 
-bool CNVX3DComputation::WriteRSVFile() {
-  if (m_pImpl == nullptr) return false;
-  const std::string& path = m_pImpl->rsvPath;
+namespace {
+
+// False when a table write, flush or close failed: the tool counts every
+// failure, and its Close reports them.
+bool WriteTables(const std::string& path, CNVX3DComputationImpl& impl) {
   CRSVTool tool;
   if (tool.Create(path, 4, 1, 0) != 0 && tool.Open(path) != 0) return false;
   // A file that opened only for reading cannot take the tables.
@@ -20,26 +25,55 @@ bool CNVX3DComputation::WriteRSVFile() {
     CRSVGroup* top = tool.OpenGroup(1);
     group = top ? tool.CreateGroup(top, "Computation") : nullptr;
     tool.CloseGroup(top);
-    if (group == nullptr) return false;
+    if (group == nullptr) {
+      tool.Close();
+      return false;
+    }
   }
-  nvx::WriteParameterTables(tool, group, *m_pImpl);
+  nvx::WriteParameterTables(tool, group, impl);
   tool.CloseGroup(group);
+  return tool.Close() == 0;
+}
+
+void ReadTables(const std::string& path, CNVX3DComputationImpl& impl) {
+  CRSVTool tool;
+  // Reading never writes: the file is opened read-only.
+  if (tool.OpenReadOnly(path) != 0) return;
+  if (CRSVGroup* group = tool.OpenGroup(1, 4)) {
+    nvx::ReadParameterTables(tool, group, impl);
+    tool.CloseGroup(group);
+  }
   tool.Close();
-  // The computation report goes into the same file; its result is the call's.
-  return nvx::WriteComputationReport(path, nvx::GatherReport(*m_pImpl)) == 1;
+}
+
+}  // namespace
+
+// Only the documented out-of-range error of a time list leaves these two; a
+// file that would make the library run out of memory is a failed write or a
+// read that stops where it failed.
+bool CNVX3DComputation::WriteRSVFile() {
+  if (m_pImpl == nullptr) return false;
+  try {
+    if (!WriteTables(m_pImpl->rsvPath, *m_pImpl)) return false;
+    // The computation report goes into the same file; its result is the call's.
+    return nvx::WriteComputationReport(m_pImpl->rsvPath, nvx::GatherReport(*m_pImpl)) == 1;
+  } catch (const std::out_of_range&) {
+    throw;
+  } catch (const std::exception&) {
+    return false;
+  }
 }
 
 // True whenever the implementation object exists: a missing file or group
 // simply changes nothing, and hosts call this without checking first.
 bool CNVX3DComputation::ReadRSVFile() {
   if (m_pImpl == nullptr) return false;
-  CRSVTool tool;
-  if (tool.Open(m_pImpl->rsvPath) == 0) {
-    if (CRSVGroup* group = tool.OpenGroup(1, 4)) {
-      nvx::ReadParameterTables(tool, group, *m_pImpl);
-      tool.CloseGroup(group);
-    }
-    tool.Close();
+  try {
+    ReadTables(m_pImpl->rsvPath, *m_pImpl);
+  } catch (const std::out_of_range&) {
+    throw;
+  } catch (const std::exception&) {
+    // What was read stays; the rest of the records keep their values.
   }
   return true;
 }

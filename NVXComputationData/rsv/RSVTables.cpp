@@ -108,6 +108,10 @@ CRSVGroup* OpenOrCreateGroup(CRSVTool& tool, CRSVGroup* parent, const char* name
   return g != nullptr ? g : tool.CreateGroup(parent, name);
 }
 
+// Buffers of the time arrays are sized from the list in memory, never from the
+// dimensions a file claims: a damaged or hostile file must not make the
+// library allocate or fill gigabytes. A list is stored as (count, 1).
+
 void WriteTimeArray(CRSVTool& tool, CRSVGroup* group, const Key& key) {
   const OutputTimes& block = key.As<OutputTimes>();
   CRSVGroup* steps = OpenOrCreateGroup(tool, group, kTimeStepGroup);
@@ -117,13 +121,16 @@ void WriteTimeArray(CRSVTool& tool, CRSVGroup* group, const Key& key) {
     array = tool.CreateArray(steps, key.name, NVX3DRSVExTool::kRSVTypeDouble, Rows(block), 1);
   }
   if (array != nullptr) {
-    // An existing array keeps its dimensions; the buffer covers all of it, so
-    // rows past the count are written as zeros.
+    // An existing array keeps its dimensions; the times go into its first rows,
+    // as many as both the count and the array allow.
     std::uint64_t rows = 0, cols = 0;
-    array->GetDimension(&rows, &cols);
-    std::vector<double> buffer(std::max<std::uint64_t>(rows * cols, Rows(block)), 0.0);
-    for (std::uint64_t i = 0; i < Rows(block); ++i) buffer[i] = block.At(static_cast<long long>(i));
-    array->WriteArray(buffer.data());
+    if (array->GetDimension(&rows, &cols) == 0 && cols == 1 &&
+        array->GetElementType() == NVX3DRSVExTool::kRSVTypeDouble) {
+      const std::uint64_t n = std::min(Rows(block), rows);
+      std::vector<double> buffer(static_cast<std::size_t>(n), 0.0);
+      for (std::uint64_t i = 0; i < n; ++i) buffer[i] = block.At(static_cast<long long>(i));
+      array->WriteRows(n, buffer.data());
+    }
     tool.CloseArray(array);
   }
   tool.CloseGroup(steps);
@@ -135,15 +142,18 @@ void ReadTimeArray(CRSVTool& tool, CRSVGroup* group, const Key& key) {
   if (steps == nullptr) return;
   if (CRSVArray* array = tool.OpenArray(steps, key.name)) {
     std::uint64_t rows = 0, cols = 0;
-    array->GetDimension(&rows, &cols);
-    // The number of times comes from the count in memory, not from the file.
-    const std::uint64_t wanted = Rows(block) * cols;
-    if (wanted != 0 && array->GetElementType() == NVX3DRSVExTool::kRSVTypeDouble) {
-      // The library fills the whole stored array, which may be larger.
-      std::vector<double> buffer(std::max(wanted, rows * cols));
-      if (array->ReadArray(buffer.data()) == 0) {
-        for (std::uint64_t i = 0; i < Rows(block); ++i) {
-          block.At(static_cast<long long>(i)) = buffer[i];
+    // The number of times comes from the count in memory, not from the file;
+    // the file's dimensions only limit how many of them it can supply.
+    const std::uint64_t wanted = Rows(block);
+    if (wanted != 0 && array->GetDimension(&rows, &cols) == 0 && cols == 1 &&
+        array->GetElementType() == NVX3DRSVExTool::kRSVTypeDouble) {
+      // Times past the list's end are never stored (the copy below throws at
+      // the first of them), so the buffer needs no more than the list holds.
+      const std::uint64_t held = std::min<std::uint64_t>(wanted, block.Times.size());
+      std::vector<double> buffer(static_cast<std::size_t>(held), 0.0);
+      if (array->ReadRows(std::min(held, rows), buffer.data()) == 0) {
+        for (std::uint64_t i = 0; i < wanted; ++i) {
+          block.At(static_cast<long long>(i)) = i < held ? buffer[i] : 0.0;
         }
       }
     }

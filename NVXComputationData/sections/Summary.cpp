@@ -3,6 +3,7 @@
 
 #include <ctime>
 
+#include "NVXPlatform.h"
 #include "core/NVX3DComputationImpl.h"
 
 namespace nvx {
@@ -60,12 +61,12 @@ void ApplySummaryPreset(CNVX3DSummary& s, bool shell) {
 }
 
 std::string SummaryTimeStamp() {
-  const std::time_t now = std::time(nullptr);
-  const std::tm* t = std::localtime(&now);
-  if (t == nullptr) return "0:0:0-1-1-1970";
-  return std::to_string(t->tm_hour) + ":" + std::to_string(t->tm_min) + ":" +
-         std::to_string(t->tm_sec) + "-" + std::to_string(t->tm_mon + 1) + "-" +
-         std::to_string(t->tm_mday) + "-" + std::to_string(t->tm_year + 1900);
+  // The re-entrant conversion: parameter objects may live in several threads.
+  std::tm t{};
+  if (!platform::LocalTime(std::time(nullptr), &t)) return "0:0:0-1-1-1970";
+  return std::to_string(t.tm_hour) + ":" + std::to_string(t.tm_min) + ":" +
+         std::to_string(t.tm_sec) + "-" + std::to_string(t.tm_mon + 1) + "-" +
+         std::to_string(t.tm_mday) + "-" + std::to_string(t.tm_year + 1900);
 }
 
 }  // namespace nvx

@@ -1,0 +1,191 @@
+// The library under faults: full and read-only file systems, hostile RSV
+// dimensions, reads that must not change their file, repeated rewrites.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "NVX3DComputation.h"
+#include "NVX3DRSVExTool.h"
+#include "NVXHostHooks.h"
+#include "NVXPlatform.h"
+#include "TestUtil.h"
+#include "TinyFileSystem.h"
+
+namespace {
+
+using NVX3DRSVExTool::CRSVTool;
+using nvxtest::ReadText;
+using nvxtest::TempDir;
+using nvxtest::TinyFileSystem;
+using nvxtest::WriteText;
+
+// A solid project's defaults with three fill output times and a long text.
+void Prepare(CNVX3DComputation& c, const std::string& krn) {
+  NVXData data;
+  data.KRNFilePath = krn;
+  data.LoadMode = 1;
+  data.ModelKind = 2;
+  ASSERT_TRUE(c.LoadKRNFile(data));
+  c.SetFillOutputTimesSectionFillTimeSteps(3);
+  for (int i = 0; i < 3; ++i) c.SetFillOutputTimesSectionFillTimeStepsValue(i, 1.5 * (i + 1));
+  c.SetSummaryCreater(std::string(2000, 'c'));
+}
+
+// Stretches the fill-time array of `rsv` to `rows` x `cols` (no data is stored).
+void StretchTimeArray(const std::string& rsv, std::uint64_t rows, std::uint64_t cols) {
+  CRSVTool tool;
+  ASSERT_EQ(tool.Open(rsv), 0);
+  auto* group = tool.OpenGroup(1, 4);
+  auto* steps = tool.OpenGroup(group, "Time_Stemp");
+  auto* array = tool.OpenArray(steps, "FILLOUTPUTTIME_TimeSteps");
+  ASSERT_NE(array, nullptr);
+  ASSERT_EQ(array->ResetDimension(rows, cols), 0);
+  ASSERT_EQ(tool.Close(), 0);
+}
+
+std::string g_lastCantOpen;
+void RecordCantOpen(const char* path) { g_lastCantOpen = path; }
+
+class HandlerScope {
+ public:
+  HandlerScope() { NVXSetCantOpenHandler(RecordCantOpen); }
+  ~HandlerScope() { NVXSetCantOpenHandler(nullptr); }
+};
+
+TEST(KrnWriteFaults, FullDiskKeepsTheOldFileAndReportsFailure) {
+  TinyFileSystem fs;
+  if (!fs.Ready()) GTEST_SKIP() << fs.Reason();
+  CNVX3DComputation c;
+  const std::string krn = fs.File("p.krn");
+  Prepare(c, krn);
+  ASSERT_TRUE(c.WriteKRNFile(krn, 0));
+  ASSERT_EQ(::chmod(krn.c_str(), 0640), 0);
+  const std::string before = ReadText(krn);
+  fs.Fill();
+  c.SetSummaryCreater("changed");
+  EXPECT_FALSE(c.WriteKRNFile(krn, 0));
+  EXPECT_EQ(ReadText(krn), before);
+  struct stat st;
+  ASSERT_EQ(::stat(krn.c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0640u);
+}
+
+TEST(KrnWriteFaults, UnopenablePathGoesToTheCantOpenHandler) {
+  TempDir dir;
+  CNVX3DComputation c;
+  Prepare(c, dir.File("p.krn"));
+  const std::string missing = dir.File("no/such/dir/p.krn");
+  {
+    HandlerScope scope;
+    g_lastCantOpen.clear();
+    EXPECT_FALSE(c.WriteKRNFile(missing, 0));
+    EXPECT_EQ(g_lastCantOpen, missing);
+  }
+  // The default handler ends the process the documented way.
+  EXPECT_EXIT(c.WriteKRNFile(missing, 0), ::testing::ExitedWithCode(1), "^Can't open\n$");
+}
+
+TEST(KrnWriteFaults, ReadOnlyFileSystemIsCantOpenAndKeepsTheFile) {
+  TinyFileSystem fs;
+  if (!fs.Ready()) GTEST_SKIP() << fs.Reason();
+  CNVX3DComputation c;
+  const std::string krn = fs.File("p.krn");
+  Prepare(c, krn);
+  ASSERT_TRUE(c.WriteKRNFile(krn, 0));
+  const std::string before = ReadText(krn);
+  if (!fs.MakeReadOnly()) GTEST_SKIP() << "remounting read-only failed";
+  HandlerScope scope;
+  g_lastCantOpen.clear();
+  EXPECT_FALSE(c.WriteKRNFile(krn, 0));
+  EXPECT_EQ(g_lastCantOpen, krn);
+  EXPECT_EQ(ReadText(krn), before);
+}
+
+TEST(RsvFaults, HostileTimeArrayDimensionsAllocateNothingFromTheFile) {
+  TempDir dir;
+  CNVX3DComputation c;
+  Prepare(c, dir.File("p.krn"));
+  const std::string rsv = dir.File("p.rsv");
+  c.SetRSVFilePath(rsv);
+  ASSERT_TRUE(c.WriteRSVFile());
+
+  // 2^40 rows: reading and rewriting use the three times in memory.
+  StretchTimeArray(rsv, std::uint64_t(1) << 40, 1);
+  c.SetFillOutputTimesSectionFillTimeStepsValue(0, 9.0);
+  EXPECT_NO_THROW(EXPECT_TRUE(c.WriteRSVFile()));
+  c.SetFillOutputTimesSectionFillTimeStepsValue(0, 0.0);
+  EXPECT_NO_THROW(EXPECT_TRUE(c.ReadRSVFile()));
+  double t = 0;
+  c.GetFillOutputTimesSectionFillTimeStepsValue(0, t);
+  EXPECT_EQ(t, 9.0);
+  c.GetFillOutputTimesSectionFillTimeStepsValue(2, t);
+  EXPECT_EQ(t, 4.5);
+
+  // A time array of more than one column is no time list; it is passed over.
+  const std::string wide = dir.File("wide.rsv");
+  c.SetRSVFilePath(wide);
+  ASSERT_TRUE(c.WriteRSVFile());
+  StretchTimeArray(wide, 2048, 1048576);
+  EXPECT_NO_THROW(EXPECT_TRUE(c.ReadRSVFile()));
+  EXPECT_NO_THROW(EXPECT_TRUE(c.WriteRSVFile()));
+}
+
+TEST(RsvFaults, ReadingNeverChangesTheFile) {
+  TempDir dir;
+  const std::string empty = dir.File("empty.rsv");
+  WriteText(empty, "");
+  CNVX3DComputation c;
+  Prepare(c, dir.File("p.krn"));
+  c.SetRSVFilePath(empty);
+  EXPECT_TRUE(c.ReadRSVFile());
+  EXPECT_FALSE(c.WriteRSVFile());  // not an RSV file: never made into one
+  EXPECT_EQ(nvx::platform::FileSize(empty), 0);
+
+  const std::string rsv = dir.File("p.rsv");
+  c.SetRSVFilePath(rsv);
+  ASSERT_TRUE(c.WriteRSVFile());
+  const std::string before = ReadText(rsv);
+  EXPECT_TRUE(c.ReadRSVFile());
+  EXPECT_EQ(ReadText(rsv), before);
+}
+
+TEST(RsvFaults, FullDiskMakesTheWriteFail) {
+  TinyFileSystem fs;
+  if (!fs.Ready()) GTEST_SKIP() << fs.Reason();
+  CNVX3DComputation c;
+  Prepare(c, fs.File("p.krn"));
+  c.SetRSVFilePath(fs.File("p.rsv"));
+  ASSERT_TRUE(c.WriteRSVFile());
+  fs.Fill();
+  c.SetSummaryCreater(std::string(4000, 'x'));
+  EXPECT_FALSE(c.WriteRSVFile());
+}
+
+TEST(RsvFaults, RewritingTheSameParametersKeepsTheFileSize) {
+  TempDir dir;
+  CNVX3DComputation c;
+  Prepare(c, dir.File("p.krn"));
+  const std::string rsv = dir.File("p.rsv");
+  c.SetRSVFilePath(rsv);
+  ASSERT_TRUE(c.WriteRSVFile());
+  const std::int64_t first = nvx::platform::FileSize(rsv);
+  for (int i = 0; i < 1000; ++i) ASSERT_TRUE(c.WriteRSVFile());
+  EXPECT_LE(nvx::platform::FileSize(rsv), 2 * first);
+
+  // Outside readers still see every text item as a string.
+  if (std::system("/usr/bin/python3 -c 'import h5py' 2>/dev/null") != 0) {
+    GTEST_SKIP() << "python3-h5py is not installed";
+  }
+  const std::string check =
+      "/usr/bin/python3 -c \"import h5py,sys\n"
+      "t=h5py.File(sys.argv[1],'r')['Project/Computation/Summary'].attrs\n"
+      "sys.exit(0 if all(isinstance(t[k],str) for k in ('File','Creater','Time','NVXObject')) "
+      "and t['Creater']=='c'*2000 else 1)\" '" +
+      rsv + "'";
+  EXPECT_EQ(std::system(check.c_str()), 0);
+}
+
+}  // namespace
