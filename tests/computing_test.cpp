@@ -7,6 +7,7 @@
 
 #include "NVX3DComputation.h"
 #include "NVX3DRSVExTool.h"
+#include "SectionIO.h"
 #include "TestUtil.h"
 #include "core/KeyText.h"
 #include "core/NVX3DComputationImpl.h"
@@ -31,13 +32,6 @@ std::string WriteComputing(CNVX3DComputationImpl& impl) {
   KrnStream out(os);
   for (KrnTag tag : kComputingTags) WriteKrnSection(*FindSection(tag), out, impl, false);
   return os.str();
-}
-
-void ReadBody(CNVX3DComputationImpl& impl, KrnTag tag, const std::string& body) {
-  CNVX3DKRNDocument doc;
-  std::istringstream in(OpenTag(tag) + "\n" + body + CloseTag(tag) + "\n");
-  doc.Scan(in);
-  ReadKrnSection(*FindSection(tag), doc.Body(tag), impl);
 }
 
 void MarkPresent(CNVX3DComputationImpl& impl) {
@@ -103,7 +97,7 @@ TEST(ComputingKrn, ValueNoTaskIsDerivedFromTheWayOfRunning) {
   EXPECT_EQ(DerivedTaskCount(impl), 0);
 
   // The reader still stores what the file says.
-  ReadBody(impl, KrnTag::kTaskManager, "ValueNoTask = 5\n");
+  nvxtest::ReadSection(impl, KrnTag::kTaskManager, "ValueNoTask = 5\n");
   EXPECT_EQ(impl.sections.taskManager->ValueNoTask, 5);
 
   CNVX3DComputation c;
@@ -116,13 +110,13 @@ TEST(ComputingKrn, ValueNoTaskIsDerivedFromTheWayOfRunning) {
 
 TEST(ComputingKrn, MachineRowsKeepNameBlanksAndCutPaths) {
   CNVX3DComputationImpl impl;
-  ReadBody(impl, KrnTag::kRemoteMachines,
-           "ValueNoMachine=3\nValueShareFolderName=my share\n"
-           "ValueParallelWorkingFolder=C:\\par work\\x\nValueMachineSetting=\n"
-           " 1 = node one\t4\t D:\\run dir\n"
-           " 7 = skipped\t9\t E:\\x\n"
-           " 3 = n=3\t2\t F:\\y\n"
-           "ValueMachineWeighting = \n 1 = 0.5\n 5 = 9\n 3 = 2e-1\n");
+  nvxtest::ReadSection(impl, KrnTag::kRemoteMachines,
+                       "ValueNoMachine=3\nValueShareFolderName=my share\n"
+                       "ValueParallelWorkingFolder=C:\\par work\\x\nValueMachineSetting=\n"
+                       " 1 = node one\t4\t D:\\run dir\n"
+                       " 7 = skipped\t9\t E:\\x\n"
+                       " 3 = n=3\t2\t F:\\y\n"
+                       "ValueMachineWeighting = \n 1 = 0.5\n 5 = 9\n 3 = 2e-1\n");
   const CNVX3DRemoteMachines& r = *impl.sections.remoteMachines;
   EXPECT_EQ(r.ValueShareFolderName, "my");
   EXPECT_EQ(r.ValueParallelWorkingFolder, "C:\\par work\\x");
@@ -147,21 +141,23 @@ TEST(ComputingKrn, DamagedMachineCountsStayWithinTheSection) {
   CNVX3DComputationImpl impl;
   CNVX3DRemoteMachines& r = *impl.sections.remoteMachines;
   // An absurd count is bounded by the lines left: nothing is read past them.
-  ReadBody(impl, KrnTag::kRemoteMachines,
-           "ValueNoMachine=2000000000\nValueMachineSetting=\n 1 = a\t1\t p\n");
+  nvxtest::ReadSection(impl, KrnTag::kRemoteMachines,
+                       "ValueNoMachine=2000000000\nValueMachineSetting=\n 1 = a\t1\t p\n");
   EXPECT_EQ(r.ValueNoMachine, 2);
   EXPECT_EQ(r.ValueMachineSetting.size(), 2u);
   EXPECT_EQ(r.ValueMachineSetting[0].ValueMachineName, "a");
 
-  ReadBody(impl, KrnTag::kRemoteMachines, "ValueNoMachine=-4\nValueMachineSetting=\n 1 = a\n");
+  nvxtest::ReadSection(impl, KrnTag::kRemoteMachines,
+                       "ValueNoMachine=-4\nValueMachineSetting=\n 1 = a\n");
   EXPECT_EQ(r.ValueNoMachine, 0);
   EXPECT_TRUE(r.ValueMachineSetting.empty());
 
   // A count above the rows present swallows the weight header; rows without
   // tabs give an empty job and path.
-  ReadBody(impl, KrnTag::kRemoteMachines,
-           "ValueNoMachine=3\nValueMachineSetting=\n 1 = solo\nValueMachineWeighting = \n"
-           " 1 = 4\n");
+  nvxtest::ReadSection(
+      impl, KrnTag::kRemoteMachines,
+      "ValueNoMachine=3\nValueMachineSetting=\n 1 = solo\nValueMachineWeighting = \n"
+      " 1 = 4\n");
   EXPECT_EQ(r.ValueMachineSetting[0].ValueMachineName, "solo");
   EXPECT_EQ(r.ValueMachineSetting[0].ValueMachinePath, "");
   EXPECT_EQ(r.ValueMachineSetting[2].ValueMachineName, "solo");

@@ -8,6 +8,7 @@
 
 #include "NVX3DComputation.h"
 #include "NVX3DRSVExTool.h"
+#include "RsvFixture.h"
 #include "TestUtil.h"
 #include "core/NVX3DComputationImpl.h"
 #include "rsv/RSVTables.h"
@@ -19,35 +20,7 @@ using nvxtest::TempDir;
 
 namespace {
 
-class CoolingFamilyRsv : public ::testing::Test {
- protected:
-  TempDir dir_;
-  std::string path_ = dir_.File("p.rsv");
-
-  void Write(CNVX3DComputation& c) {
-    c.SetRSVFilePath(path_);
-    ASSERT_TRUE(c.WriteRSVFile());
-  }
-  void Read(CNVX3DComputation& c) {
-    c.SetRSVFilePath(path_);
-    ASSERT_TRUE(c.ReadRSVFile());
-  }
-  // Replaces the file by one whose parameter group holds only table `name`,
-  // filled by `fill`.
-  template <typename F>
-  void WriteOnlyTable(const std::string& name, F fill) {
-    std::filesystem::remove(path_);
-    CRSVTool tool;
-    ASSERT_EQ(tool.Create(path_, 4, 1, 0), 0);
-    CRSVGroup* params = tool.CreateGroup(tool.OpenGroup(1), "Computation");
-    ASSERT_NE(params, nullptr);
-    CRSVTable* table = tool.CreateTable(params, name);
-    fill(*table);
-    table->Flush();
-    tool.CloseTable(table);
-    tool.Close();
-  }
-};
+using CoolingFamilyRsv = nvxtest::RsvFileTest;
 
 }  // namespace
 

@@ -8,14 +8,17 @@
 
 #include "NVX3DComputation.h"
 #include "NVXPlatform.h"
+#include "SectionIO.h"
 #include "TestUtil.h"
 #include "core/KeyText.h"
 #include "core/NVX3DComputationImpl.h"
 #include "krn/KRNSectionIO.h"
 
 using namespace nvx;
+using nvxtest::ReadSection;
 using nvxtest::ReadText;
 using nvxtest::TempDir;
+using nvxtest::WriteSection;
 using nvxtest::WriteText;
 
 namespace {
@@ -28,13 +31,6 @@ std::string WriteSections(CNVX3DComputationImpl& impl, std::initializer_list<Krn
   KrnStream& out = stream ? *stream : own;
   for (KrnTag tag : tags) WriteKrnSection(*FindSection(tag), out, impl, false);
   return stream ? std::string() : os.str();
-}
-
-void ReadSection(CNVX3DComputationImpl& impl, KrnTag tag, const std::string& body) {
-  CNVX3DKRNDocument doc;
-  std::istringstream in(OpenTag(tag) + "\n" + body + CloseTag(tag) + "\n");
-  doc.Scan(in);
-  ReadKrnSection(*FindSection(tag), doc.Body(tag), impl);
 }
 
 bool Contains(const std::string& text, const std::string& part) {

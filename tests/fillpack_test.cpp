@@ -5,29 +5,18 @@
 #include <sstream>
 
 #include "NVX3DComputation.h"
+#include "SectionIO.h"
 #include "TestUtil.h"
 #include "core/NVX3DComputationImpl.h"
 #include "krn/KRNSectionIO.h"
 
 using namespace nvx;
+using nvxtest::ReadSection;
 using nvxtest::TempDir;
+using nvxtest::WriteSection;
 using nvxtest::WriteText;
 
 namespace {
-
-std::string WriteSection(CNVX3DComputationImpl& impl, KrnTag tag, bool templateWriting = false) {
-  std::ostringstream os;
-  KrnStream out(os);
-  WriteKrnSection(*FindSection(tag), out, impl, templateWriting);
-  return os.str();
-}
-
-void ReadSection(CNVX3DComputationImpl& impl, KrnTag tag, const std::string& body) {
-  CNVX3DKRNDocument doc;
-  std::istringstream in(OpenTag(tag) + "\n" + body + CloseTag(tag) + "\n");
-  doc.Scan(in);
-  ReadKrnSection(*FindSection(tag), doc.Body(tag), impl);
-}
 
 // Loads `text` as a KRN file through the facade.
 void Load(CNVX3DComputation& c, const std::string& text) {

@@ -8,31 +8,20 @@
 
 #include "NVX3DComputation.h"
 #include "NVX3DRSVExTool.h"
+#include "SectionIO.h"
 #include "TestUtil.h"
 #include "core/KeyText.h"
 #include "core/NVX3DComputationImpl.h"
 #include "krn/KRNSectionIO.h"
 
 using namespace nvx;
+using nvxtest::ReadSection;
 using nvxtest::ReadText;
 using nvxtest::TempDir;
+using nvxtest::WriteSection;
 using nvxtest::WriteText;
 
 namespace {
-
-std::string WriteSection(CNVX3DComputationImpl& impl, KrnTag tag) {
-  std::ostringstream os;
-  KrnStream out(os);
-  WriteKrnSection(*FindSection(tag), out, impl, false);
-  return os.str();
-}
-
-void ReadSection(CNVX3DComputationImpl& impl, KrnTag tag, const std::string& body) {
-  CNVX3DKRNDocument doc;
-  std::istringstream in(OpenTag(tag) + "\n" + body + CloseTag(tag) + "\n");
-  doc.Scan(in);
-  ReadKrnSection(*FindSection(tag), doc.Body(tag), impl);
-}
 
 // Writes the section and reads it back into `back`.
 void RoundTrip(CNVX3DComputationImpl& impl, KrnTag tag, CNVX3DComputationImpl& back) {

@@ -6,6 +6,7 @@
 
 #include "NVX3DComputation.h"
 #include "NVX3DRSVExTool.h"
+#include "RsvFixture.h"
 #include "TestUtil.h"
 #include "core/NVX3DComputationImpl.h"
 #include "rsv/RSVTables.h"
@@ -17,33 +18,7 @@ using nvxtest::TempDir;
 
 namespace {
 
-class RsvTest : public ::testing::Test {
- protected:
-  TempDir dir_;
-  std::string path_ = dir_.File("p.rsv");
-
-  void Write(CNVX3DComputation& c) {
-    c.SetRSVFilePath(path_);
-    ASSERT_TRUE(c.WriteRSVFile());
-  }
-  void Read(CNVX3DComputation& c) {
-    c.SetRSVFilePath(path_);
-    ASSERT_TRUE(c.ReadRSVFile());
-  }
-  // Replaces table `name` of the parameter group by one holding only what
-  // `fill` puts there.
-  // A file whose parameter group holds only table `name`, with what `fill`
-  // puts there, as a build that lacked some items would have written it.
-  template <typename F>
-  void WriteOnlyTable(const std::string& name, F fill) {
-    CRSVTool tool;
-    ASSERT_EQ(tool.Create(path_, 4, 1, 0), 0);
-    CRSVGroup* params = tool.CreateGroup(tool.OpenGroup(1), "Computation");
-    ASSERT_NE(params, nullptr);
-    fill(*tool.CreateTable(params, name));
-    tool.Close();
-  }
-};
+using RsvTest = nvxtest::RsvFileTest;
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 
 #include "NVX3DComputation.h"
 #include "NVX3DRSVExTool.h"
+#include "SectionIO.h"
 #include "TestUtil.h"
 #include "core/KeyText.h"
 #include "core/NVX3DComputationImpl.h"
@@ -16,23 +17,11 @@ using namespace nvx;
 using NVX3DRSVExTool::CRSVGroup;
 using NVX3DRSVExTool::CRSVTable;
 using NVX3DRSVExTool::CRSVTool;
+using nvxtest::ReadSection;
 using nvxtest::TempDir;
+using nvxtest::WriteSection;
 
 namespace {
-
-std::string WriteSection(CNVX3DComputationImpl& impl, KrnTag tag) {
-  std::ostringstream os;
-  KrnStream out(os);
-  WriteKrnSection(*FindSection(tag), out, impl, false);
-  return os.str();
-}
-
-void ReadSection(CNVX3DComputationImpl& impl, KrnTag tag, const std::string& body) {
-  CNVX3DKRNDocument doc;
-  std::istringstream in(OpenTag(tag) + "\n" + body + CloseTag(tag) + "\n");
-  doc.Scan(in);
-  ReadKrnSection(*FindSection(tag), doc.Body(tag), impl);
-}
 
 std::vector<std::pair<double, double>> Curve0(const CNVXPROProfile& p) {
   std::vector<std::pair<double, double>> points;
