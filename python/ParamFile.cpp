@@ -217,8 +217,9 @@ ParamFile ParamFile::New(int modelKind, int analysisType) {
   }
   ParamFile file;
   NVXData data;
-  // No file by this name is ever read: the load takes the defaults path.
-  data.KRNFilePath = "\x01nvxcomputation-new.krn";
+  // A path that can never name a file (/dev/null is no directory), so the
+  // load takes its no-project-file path: the per-user template or defaults.
+  data.KRNFilePath = "/dev/null/new.krn";
   data.LoadMode = 1;
   data.ModelKind = modelKind;
   data.AnalysisType = analysisType;
