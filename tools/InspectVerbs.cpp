@@ -24,6 +24,12 @@ std::vector<const nvx::Key*> UserKeys(const nvx::KeyList& keys) {
   return shown;
 }
 
+// Deliberate: a reset stamps the Summary's time with the clock, so the key
+// list names that instead of a value that changes every second.
+std::string StableReset(const std::string& name, const std::string& value) {
+  return name == "SUMMARY.Time" ? "(the time of the load)" : value;
+}
+
 std::string JsonOrNull(const std::optional<std::string>& value) {
   return value ? Json(*value) : "null";
 }
@@ -156,7 +162,7 @@ int RunKeys(const Args& given) {
     for (const nvx::Key* key : UserKeys(freshKeys)) {
       const nvx::Key* resetKey = nvx::FindKey(resetKeys, key->name, nvx::kKrnRead);
       const std::string freshValue = nvx::FormatFileValue(*key);
-      const std::string resetValue = resetKey ? nvx::FormatFileValue(*resetKey) : freshValue;
+      std::string resetValue = resetKey ? nvx::FormatFileValue(*resetKey) : freshValue;
       const bool krn = (key->use & nvx::kKrn) != 0;
       bool rsv = def->rsvTable != nullptr && (key->use & nvx::kRsv) != 0;
       std::vector<std::string> shares;
@@ -171,6 +177,7 @@ int RunKeys(const Args& given) {
       const std::string files =
           std::string(krn ? "KRN" : "") + (krn && rsv ? "," : "") + (rsv ? "RSV" : "");
       const std::string name = tag + "." + key->name;
+      resetValue = StableReset(name, resetValue);
       std::string shared;
       for (const std::string& s : shares) shared += (shared.empty() ? "" : ", ") + s;
       if (json) {

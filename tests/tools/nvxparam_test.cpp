@@ -3,6 +3,7 @@
 #include <stdlib.h>
 #include <sys/wait.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -255,6 +256,76 @@ TEST_F(NvxParamTest, UnusableRsvFilesAreRefusedBeforeAnythingIsWritten) {
   ASSERT_EQ(Run({"new", krn}).status, 0);
   EXPECT_EQ(Run({"to-rsv", krn, text}).status, 2);
   EXPECT_EQ(ReadText(text), "not an HDF5 file\n");
+}
+
+TEST_F(NvxParamTest, DiffCheckAndJsonAnswerWithTheirExitStatus) {
+  const std::string a = Path("a.krn"), b = Path("b.krn");
+  ASSERT_EQ(Run({"new", a}).status, 0);
+  ASSERT_EQ(Run({"new", b}).status, 0);
+  ASSERT_EQ(Run({"set", b, "SOLID_FILL.FlagInertia=1", "SUMMARY.Time=t"}).status, 0);
+  ASSERT_EQ(Run({"set", a, "SUMMARY.Time=t"}).status, 0);
+  EXPECT_EQ(Run({"diff", a, a}).status, 0);
+  Result r = Run({"diff", a, b});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.out, "SOLID_FILL.FlagInertia: 0 -> 1\n");
+  r = Run({"diff", "--json", a, b});
+  EXPECT_NE(r.out.find("\"equal\": false, \"differences\": [\n  {\"key\": "
+                       "\"SOLID_FILL.FlagInertia\", \"a\": \"0\", \"b\": \"1\"}\n]}"),
+            std::string::npos)
+      << r.out;
+  EXPECT_EQ(Run({"diff", a, Path("missing.krn")}).status, 2);
+
+  r = Run({"get", "--json", a, "SOLID_FILL.FlagInertia"});
+  EXPECT_EQ(r.out, "{\"key\": \"SOLID_FILL.FlagInertia\", \"value\": \"0\"}\n");
+  EXPECT_EQ(Run({"check", a}).status, 0);
+
+  const std::string bad = Path("bad.krn");
+  WriteText(bad,
+            "<SUMMARY>\nFlag3D = 7\nVersion = 0.5abc\nBogus = 1\n</SUMMARY>\n<FOO>\n"
+            "<FILL_OUTPUT_TIMES>\nValueNoFillOutputTime = 3\n1 = 0.5\n</FILL_OUTPUT_TIMES>\n"
+            "<SUMMARY>\n</SUMMARY>\n");
+  const std::string before = ReadText(bad);
+  r = Run({"check", bad});
+  EXPECT_EQ(r.status, 1);
+  for (const char* line :
+       {":2: Flag3D: '7' is not a flag", ":3: Version: '0.5abc'", ":4: unknown key",
+        ":6: unknown section <FOO>", ":8: ValueNoFillOutputTime counts 3 but 1",
+        ":11: section SUMMARY appears again"}) {
+    EXPECT_NE(r.out.find(line), std::string::npos) << line << "\n" << r.out;
+  }
+  r = Run({"check", "--json", bad});
+  EXPECT_EQ(r.out.rfind("{\"file\": ", 0), 0u);
+  EXPECT_NE(r.out.find("{\"line\": 6, \"message\": \"unknown section <FOO> (ignored)\"}"),
+            std::string::npos);
+  EXPECT_EQ(ReadText(bad), before);  // reading verbs never write
+}
+
+TEST_F(NvxParamTest, StandardInputVersionAndDirectoriesAreUnderstood) {
+  const std::string a = Path("a.krn");
+  ASSERT_EQ(Run({"new", a}).status, 0);
+  const std::string command = std::string(NVXPARAM_PATH) + " get - SUMMARY.Flag3D <'" + a + "'";
+  FILE* pipe = ::popen(command.c_str(), "r");
+  ASSERT_NE(pipe, nullptr);
+  char buf[16] = {};
+  ASSERT_NE(std::fgets(buf, sizeof buf, pipe), nullptr);
+  EXPECT_EQ(::pclose(pipe), 0);
+  EXPECT_STREQ(buf, "1\n");
+  EXPECT_EQ(Run({"--version"}).out.rfind("nvxparam ", 0), 0u);
+  const Result r = Run({"show", dir_.string()});
+  EXPECT_EQ(r.status, 2);
+  EXPECT_NE(r.err.find("is a directory"), std::string::npos) << r.err;
+}
+
+TEST_F(NvxParamTest, FromRsvWritesTheFilesModelKindAndNamesWhatItLost) {
+  const std::string shell = Path("s.krn"), rsv = Path("s.rsv"), back = Path("back.krn");
+  ASSERT_EQ(Run({"new", "--model-kind", "1", shell}).status, 0);
+  ASSERT_EQ(Run({"to-rsv", shell, rsv}).status, 0);
+  const Result r = Run({"from-rsv", rsv, back});
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_NE(r.err.find("does not hold these KRN keys"), std::string::npos) << r.err;
+  const std::string text = ReadText(back);
+  EXPECT_NE(text.find("<SHELL_FILL>"), std::string::npos);
+  EXPECT_EQ(text.find("<SOLID_FILL>"), std::string::npos);
 }
 
 }  // namespace
