@@ -40,13 +40,17 @@ void LimitChild() {
   ::alarm(kSeconds);
 }
 
-[[noreturn]] void RunChild(const std::function<void()>& work) {
+[[noreturn]] void RunChild(const std::function<int()>& work) {
   LimitChild();
   int status = 0;
   try {
-    work();
+    status = work();
   } catch (const std::bad_alloc&) {
     status = 3;  // the memory limit: reported by the parent
+  } catch (const Failure& e) {
+    std::cout.flush();
+    std::cerr << "nvxparam: " << e.what() << std::endl;
+    status = e.status;
   } catch (const std::exception& e) {
     std::cout.flush();
     std::cerr << "nvxparam: " << e.what() << std::endl;
@@ -59,7 +63,7 @@ void LimitChild() {
 
 }  // namespace
 
-int RunGuarded(const std::string& path, const std::function<void()>& work) {
+int RunGuarded(const std::string& path, const std::function<int()>& work) {
   std::cout.flush();
   std::cerr.flush();
   const pid_t child = ::fork();
@@ -69,7 +73,7 @@ int RunGuarded(const std::string& path, const std::function<void()>& work) {
   while (::waitpid(child, &raw, 0) < 0) {
     if (errno != EINTR) Fail(std::string("lost the reading process: ") + std::strerror(errno));
   }
-  if (WIFEXITED(raw) && (WEXITSTATUS(raw) == 0 || WEXITSTATUS(raw) == kFailed)) {
+  if (WIFEXITED(raw) && WEXITSTATUS(raw) >= 0 && WEXITSTATUS(raw) <= kFailed) {
     return WEXITSTATUS(raw);
   }
   Fail("corrupt or unreadable RSV file: " + path);

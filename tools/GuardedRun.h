@@ -10,11 +10,12 @@
 namespace nvxparam {
 
 // Runs `work` in a child process limited to 60 s of CPU and wall-clock time
-// and 4 GiB of address space, and returns its exit status: 0 when `work`
-// returned, 2 when it failed (the child printed why). A child that dies of a
+// and 4 GiB of address space, and returns its exit status: what `work`
+// returned (0 or 1), or the status of its failure (1 or 2; the child printed
+// why). A child that dies of a
 // signal, hits a limit or ends any other way fails the command with
 // "corrupt or unreadable RSV file: `path`".
-int RunGuarded(const std::string& path, const std::function<void()>& work);
+int RunGuarded(const std::string& path, const std::function<int()>& work);
 
 }  // namespace nvxparam
 

@@ -10,6 +10,8 @@
 #include <new>
 #include <sstream>
 
+#include <unistd.h>
+
 #include "NVX3DRSVExTool.h"
 #include "NVXPlatform.h"
 #include "core/KeyText.h"
@@ -40,7 +42,9 @@ std::string Nearest(const std::string& name, const std::vector<std::string>& can
   return text.empty() ? text : text + ")";
 }
 
-std::unique_ptr<CNVX3DComputationImpl> NewImpl() {
+}  // namespace
+
+std::unique_ptr<CNVX3DComputationImpl> MakeImpl() {
   auto impl = std::make_unique<CNVX3DComputationImpl>();
   // The constructor leaves a slot null when its allocation fails.
   if (!impl->sections.document || !impl->sections.summary || !impl->sections.fillPack) {
@@ -49,16 +53,98 @@ std::unique_ptr<CNVX3DComputationImpl> NewImpl() {
   return impl;
 }
 
+namespace {
+
 void RequireReadableFile(const std::string& path) {
   std::error_code ec;
   if (!fs::exists(path, ec)) Fail(path + ": no such file");
+  if (fs::is_directory(path, ec)) Fail(path + " is a directory");
   if (!fs::is_regular_file(path, ec)) Fail(path + " is not a regular file");
   if (!std::ifstream(path)) Fail("cannot read " + path + ": " + std::strerror(errno));
+}
+
+// Whether `table` holds an item of `key` (of the key's own type).
+bool TableHolds(CRSVTable& table, const nvx::Key& key) {
+  int i = 0;
+  double d = 0.0;
+  bool b = false;
+  std::string s;
+  switch (key.kind) {
+    case nvx::KeyKind::kInt:
+    case nvx::KeyKind::kTimes:
+      return table.GetItem(key.name, &i);
+    case nvx::KeyKind::kDouble:
+      return table.GetItem(key.name, &d);
+    case nvx::KeyKind::kBool:
+      return table.GetItem(key.name, &b);
+    case nvx::KeyKind::kText:
+    case nvx::KeyKind::kWideText:
+      return table.GetItem(key.name, &s);
+    default:
+      return true;  // a custom key's items: held with its table
+  }
 }
 
 }  // namespace
 
 void Fail(const std::string& message) { throw Failure(message); }
+void NotThere(const std::string& message) { throw Failure(message, 1); }
+
+bool SharesValue(const nvx::Key& a, const nvx::Key& b) {
+  return a.field == b.field && a.kind == b.kind && a.custom == b.custom && nvx::IsUserKey(a) &&
+         nvx::IsUserKey(b);
+}
+
+bool Params::HoldsKey(const nvx::SectionDef& def, const nvx::Key& key) const {
+  if (!Holds(def)) return false;
+  if (!rsv) return true;
+  const std::string name = std::string(nvx::TagName(def.tag)) + "." + key.name;
+  return std::find(rsvKeys.begin(), rsvKeys.end(), name) != rsvKeys.end();
+}
+
+Params DefaultParams(int modelKind, int analysisType) {
+  Params params{MakeImpl(), {}, false, {}};
+  NVXData data;
+  data.KRNFilePath = "defaults.krn";
+  data.LoadMode = 1;
+  data.ModelKind = modelKind;
+  data.AnalysisType = analysisType;
+  params.impl->TakeOver(data);
+  params.impl->ResetToDefaults();
+  params.impl->ApplyDataAdjustments();
+  for (const nvx::KrnTag tag :
+       nvx::DocumentSections(nvx::DocumentWriter::kModelKind, *params.impl)) {
+    if (const nvx::SectionDef* def = nvx::FindSection(tag)) params.sections.push_back(def);
+  }
+  return params;
+}
+
+std::string ReadFileBytes(const std::string& path) {
+  RequireReadableFile(path);
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream bytes;
+  bytes << in.rdbuf();
+  if (in.bad()) Fail("cannot read " + path + ": " + std::strerror(errno));
+  return bytes.str();
+}
+
+void RequireWritable(const std::string& path) {
+  std::error_code ec;
+  if (fs::is_directory(path, ec)) Fail(path + " is a directory");
+  fs::path folder = fs::path(path).parent_path();
+  if (folder.empty()) folder = ".";
+  if (!fs::is_directory(folder, ec))
+    Fail("cannot write " + path + ": no folder " + folder.string());
+  if (::access(folder.c_str(), W_OK) != 0) {
+    const int reason = errno;
+    if (reason == EROFS) {
+      Fail("cannot write " + path + ": the folder " + folder.string() +
+           " is on a read-only file system (" + std::strerror(reason) + ")");
+    }
+    Fail("cannot write " + path + ": the folder " + folder.string() + " is read-only (" +
+         std::strerror(reason) + ")");
+  }
+}
 
 bool Params::Holds(const nvx::SectionDef& def) const {
   return std::find(sections.begin(), sections.end(), &def) != sections.end();
@@ -68,7 +154,7 @@ CNVX3DKRNDocument& DocumentOf(CNVX3DComputationImpl& impl) { return *impl.sectio
 
 Params LoadKrn(const std::string& path) {
   RequireReadableFile(path);
-  Params params{NewImpl(), {}};
+  Params params{MakeImpl(), {}, false, {}};
   params.impl->ReadKrn(path);
   const CNVX3DKRNDocument& doc = DocumentOf(*params.impl);
   bool any = false;
@@ -92,7 +178,7 @@ Params LoadRsv(const std::string& path) {
   CRSVGroup* group = tool.OpenGroup(1, 4);
   if (group == nullptr) Fail(path + " holds no computation parameters");
 
-  Params params{NewImpl(), {}};
+  Params params{MakeImpl(), {}, false, {}};
   for (const nvx::SectionDef* def : nvx::AllSections()) {
     if (def->rsvTable == nullptr) continue;
     DocumentOf(*params.impl).SetPresent(def->tag, true);
@@ -108,8 +194,14 @@ Params LoadRsv(const std::string& path) {
         key.As<nvx::OutputTimes>().SetCount(std::clamp(count, 0, kMaxTimes));
       }
     }
+    for (const nvx::Key& key : def->keys(*params.impl)) {
+      if (nvx::IsUserKey(key) && (key.use & nvx::kRsvRead) != 0 && TableHolds(*table, key)) {
+        params.rsvKeys.push_back(std::string(nvx::TagName(def->tag)) + "." + key.name);
+      }
+    }
     tool.CloseTable(table);
   }
+  params.rsv = true;
   nvx::ReadParameterTables(tool, group, *params.impl);
   return params;
 }
@@ -179,6 +271,7 @@ std::vector<std::string> SectionsLostByWriter(CNVX3DComputationImpl& impl,
 void ReplaceFile(const std::string& path,
                  const std::function<bool(const std::string&, std::string*)>& write,
                  bool startFromOld) {
+  RequireWritable(path);
   std::string error;
   if (nvx::platform::ReplaceFile(path, write, startFromOld, &error) !=
       nvx::platform::ReplaceStatus::kDone) {
@@ -209,6 +302,7 @@ void WriteKrn(const std::string& path, CNVX3DComputationImpl& impl, nvx::Documen
   if (!nvx::WriteKrnDocument(writer, text, impl)) {
     Fail("cannot make the KRN document for " + path);
   }
+  RequireWritable(path);
   std::string error;
   if (nvx::platform::ReplaceFileContents(path, text.str(), &error) !=
       nvx::platform::ReplaceStatus::kDone) {

@@ -17,22 +17,48 @@
 
 namespace nvxparam {
 
-// Ends the command: main prints the message and exits with status 2.
+// Ends the command: main prints the message and exits with `status`: 2 for
+// an error, 1 for "not there".
 class Failure : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit Failure(const std::string& message, int status = 2)
+      : std::runtime_error(message), status(status) {}
+  int status;
 };
 
 [[noreturn]] void Fail(const std::string& message);
+// Ends the command with status 1: what was asked for is not in the file.
+[[noreturn]] void NotThere(const std::string& message);
 
 // A parameter file read into memory: the implementation object and the
 // sections the file holds, in the order of the tag table.
 struct Params {
   std::unique_ptr<CNVX3DComputationImpl> impl;
   std::vector<const nvx::SectionDef*> sections;
+  // Of an RSV file: the "SECTION.Key" names whose items its tables hold.
+  bool rsv = false;
+  std::vector<std::string> rsvKeys;
 
   bool Holds(const nvx::SectionDef& def) const;
+  // Whether the file holds `key` of `def`: its section for a KRN file, its
+  // items for an RSV file.
+  bool HoldsKey(const nvx::SectionDef& def, const nvx::Key& key) const;
 };
+
+// A new implementation object with the constructor's values.
+std::unique_ptr<CNVX3DComputationImpl> MakeImpl();
+// The values a load with load mode 1 gives a project of `modelKind` (1 shell,
+// 2 or 3 solid) without a per-user template, and the sections a new file of
+// that kind holds.
+Params DefaultParams(int modelKind, int analysisType = 0);
+// The whole file as bytes; fails naming the cause (missing, a directory,
+// permission denied).
+std::string ReadFileBytes(const std::string& path);
+// Fails naming the cause when `path` cannot be replaced: a directory, a folder
+// that is read-only or on a read-only file system.
+void RequireWritable(const std::string& path);
+// Whether two keys feed one value: the same field, of the same kind.
+bool SharesValue(const nvx::Key& a, const nvx::Key& b);
 
 // The document of `impl` (present flags and scanned lines).
 CNVX3DKRNDocument& DocumentOf(CNVX3DComputationImpl& impl);

@@ -1,134 +1,29 @@
-// nvxparam: creates, shows and edits the computation parameters of a KRN file
-// and converts them to and from the parameter tables of an RSV file. Sections
-// and keys are reached through the sections' key lists, so a section that gets
-// records needs no code here.
+// nvxparam: creates, shows, edits, checks and compares the computation
+// parameters of KRN files and converts them to and from the parameter tables of
+// an RSV file. Sections and keys are reached through the sections' key lists,
+// so a section that gets records needs no code here. The verbs live in
+// EditVerbs.cpp, InspectVerbs.cpp and CheckVerb.cpp.
+#include <unistd.h>
+
 #include <algorithm>
-#include <cerrno>
-#include <charconv>
+#include <cstdio>
 #include <cstring>
 #include <exception>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "GuardedRun.h"
-#include "NVX3DComputation.h"
 #include "NVXHostHooks.h"
-#include "ParamFiles.h"
-#include "core/KeyText.h"
-#include "krn/KRNDocumentWriter.h"
-#include "krn/KRNTags.h"
+#include "Verbs.h"
 
-namespace {
+#ifndef NVXPARAM_VERSION
+#define NVXPARAM_VERSION "unknown"
+#endif
 
-using nvxparam::Fail;
-using Args = std::vector<std::string>;
-
-constexpr int kErrorStatus = 2;
-
-struct Verb {
-  const char* name;
-  const char* synopsis;  // arguments after the verb
-  const char* details;
-  void (*run)(const Args& args);
-  // Reads the RSV files among its arguments (run in a guarded child).
-  bool readsRsv = false;
-};
-
-const Verb* FindVerb(const std::string& name);
-
-[[noreturn]] void FailUsage(const Verb& verb) {
-  Fail(std::string("usage: nvxparam ") + verb.name + " " + verb.synopsis);
-}
-
-// ---- new ---------------------------------------------------------------------
-
-int WholeNumber(const std::string& option, const std::string& text, int low, int high) {
-  int value = 0;
-  const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, value);
-  if (result.ec != std::errc() || result.ptr != end || value < low || value > high) {
-    Fail(option + " takes a whole number from " + std::to_string(low) + " to " +
-         std::to_string(high) + ", not '" + text + "'");
-  }
-  return value;
-}
-
-void RunNew(const Args& args) {
-  int modelKind = 2;
-  int analysisType = 0;
-  std::string file;
-  for (std::size_t i = 0; i < args.size(); ++i) {
-    const std::string& arg = args[i];
-    const std::size_t eq = arg.find('=');
-    const std::string name = arg.substr(0, eq);
-    if (name == "--model-kind" || name == "--analysis-type") {
-      std::string value;
-      if (eq != std::string::npos) {
-        value = arg.substr(eq + 1);
-      } else if (i + 1 < args.size()) {
-        value = args[++i];
-      } else {
-        Fail(name + " needs a value");
-      }
-      if (name == "--model-kind") {
-        modelKind = WholeNumber(name, value, 1, 3);
-      } else {
-        analysisType = WholeNumber(name, value, 0, 14);
-      }
-    } else if (arg.size() > 1 && arg[0] == '-') {
-      Fail("unknown option " + arg);
-    } else if (file.empty()) {
-      file = arg;
-    } else {
-      FailUsage(*FindVerb("new"));
-    }
-  }
-  if (file.empty()) FailUsage(*FindVerb("new"));
-  std::error_code ec;
-  if (std::filesystem::exists(std::filesystem::symlink_status(file, ec))) {
-    Fail(file + " already exists");
-  }
-
-  CNVX3DComputation computation;
-  NVXData data;
-  data.KRNFilePath = file;
-  data.LoadMode = 1;
-  data.ModelKind = modelKind;
-  data.AnalysisType = analysisType;
-  if (!computation.LoadKRNFile(data)) Fail("cannot set up the defaults for " + file);
-  nvxparam::ReplaceFile(file, [&](const std::string& temp, std::string* error) {
-    const bool written = computation.WriteKRNFile(temp, 0);
-    if (!written) *error = "writing " + file + " failed";
-    return written;
-  });
-}
-
-// ---- show, get, set ----------------------------------------------------------
-
-void RunShow(const Args& args) {
-  if (args.size() != 1) FailUsage(*FindVerb("show"));
-  const nvxparam::Params params = nvxparam::LoadParams(args[0]);
-  std::string text;
-  for (const nvx::SectionDef* def : params.sections) {
-    if (!text.empty()) text += '\n';
-    text += std::string("[") + nvx::TagName(def->tag) + "]\n";
-    std::vector<std::string> shown;
-    for (const nvx::Key& key : def->keys(*params.impl)) {
-      // A name listed twice is read and set through its first entry.
-      if (!nvx::IsUserKey(key) || std::count(shown.begin(), shown.end(), key.name) != 0) continue;
-      shown.push_back(key.name);
-      text += std::string(key.name) + " = " + nvx::FormatValue(key) + "\n";
-    }
-  }
-  std::cout << text << std::flush;
-}
-
-struct Address {
-  std::string section;
-  std::string key;
-};
+namespace nvxparam {
 
 Address SplitAddress(const std::string& text) {
   const std::size_t dot = text.find('.');
@@ -138,130 +33,139 @@ Address SplitAddress(const std::string& text) {
   return {text.substr(0, dot), text.substr(dot + 1)};
 }
 
-void RunGet(const Args& args) {
-  if (args.size() != 2) FailUsage(*FindVerb("get"));
-  const nvxparam::Params params = nvxparam::LoadParams(args[0]);
-  const Address address = SplitAddress(args[1]);
-  const nvx::SectionDef& def = nvxparam::FindSectionNamed(address.section);
-  const nvx::KeyList keys = def.keys(*params.impl);
-  const nvx::Key& key = nvxparam::FindUserKey(def, keys, address.key);
-  if (!params.Holds(def)) Fail(args[0] + " has no section " + address.section);
-  std::cout << nvx::FormatValue(key) << std::endl;
+bool TakeFlag(Args& args, const std::string& flag) {
+  const auto end = std::remove(args.begin(), args.end(), flag);
+  const bool found = end != args.end();
+  args.erase(end, args.end());
+  return found;
 }
 
-// Applies one "SECTION.Key=VALUE" to `impl`; the message of the first problem,
-// or empty.
-std::string Assign(CNVX3DComputationImpl& impl, const std::string& assignment) {
-  try {
-    const std::size_t eq = assignment.find('=');
-    if (eq == std::string::npos) Fail("'" + assignment + "' is not of the form SECTION.Key=VALUE");
-    const Address address = SplitAddress(assignment.substr(0, eq));
-    const std::string value = assignment.substr(eq + 1);
-    const nvx::SectionDef& def = nvxparam::FindSectionNamed(address.section);
-    const nvx::KeyList keys = def.keys(impl);
-    const nvx::Key& key = nvxparam::FindUserKey(def, keys, address.key);
-    nvxparam::CheckKrnStorable(key, value);
-    std::string error;
-    if (!nvx::ParseValue(key, value, &error)) Fail(error);
-    // A section the file did not hold is written from now on.
-    nvxparam::DocumentOf(impl).SetPresent(def.tag, true);
-  } catch (const nvxparam::Failure& failure) {
-    return failure.what();
+bool TakeOption(Args& args, const std::string& name, std::string* value) {
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    if (args[i] == name) {
+      if (i + 1 == args.size()) Fail(name + " needs a value");
+      *value = args[i + 1];
+      args.erase(args.begin() + static_cast<std::ptrdiff_t>(i),
+                 args.begin() + static_cast<std::ptrdiff_t>(i + 2));
+      return true;
+    }
+    if (args[i].rfind(name + "=", 0) == 0) {
+      *value = args[i].substr(name.size() + 1);
+      args.erase(args.begin() + static_cast<std::ptrdiff_t>(i));
+      return true;
+    }
   }
-  return {};
+  return false;
 }
 
-void RunSet(const Args& args) {
-  if (args.size() < 2) FailUsage(*FindVerb("set"));
-  const std::string& file = args[0];
-  if (nvxparam::IsHdf5File(file)) Fail(file + " is an RSV file; set edits KRN files");
-  const nvxparam::Params params = nvxparam::LoadKrn(file);
-  const nvx::DocumentWriter writer = nvxparam::WriterKeepingEverySection(file, *params.impl);
-  std::string errors;
-  for (std::size_t i = 1; i < args.size(); ++i) {
-    const std::string error = Assign(*params.impl, args[i]);
-    if (!error.empty()) errors += (errors.empty() ? "" : "\nnvxparam: ") + error;
+void RejectOptions(const Args& args) {
+  for (const std::string& arg : args) {
+    if (arg.size() > 1 && arg[0] == '-') Fail("unknown option " + arg);
   }
-  if (!errors.empty()) Fail(errors);
-  nvxparam::WriteKrn(file, *params.impl, writer);
 }
 
-// ---- RSV conversions ---------------------------------------------------------
-
-void RunToRsv(const Args& args) {
-  if (args.size() != 2) FailUsage(*FindVerb("to-rsv"));
-  const std::string& krn = args[0];
-  const std::string& rsv = args[1];
-  nvxparam::LoadKrn(krn);  // only the checks: missing, unreadable, not a KRN file
-  std::error_code ec;
-  const bool existed = std::filesystem::exists(rsv, ec);
-  if (existed && !nvxparam::IsHdf5File(rsv)) {
-    Fail(rsv + " is not an RSV (HDF5) file; not overwriting it");
+std::string Json(const std::string& text) {
+  std::string out = "\"";
+  for (const char c : text) {
+    const auto u = static_cast<unsigned char>(c);
+    if (c == '"' || c == '\\') {
+      out += '\\';
+      out += c;
+    } else if (c == '\n') {
+      out += "\\n";
+    } else if (c == '\t') {
+      out += "\\t";
+    } else if (u < 0x20) {
+      char buf[8];
+      std::snprintf(buf, sizeof buf, "\\u%04x", u);
+      out += buf;
+    } else {
+      out += c;
+    }
   }
-  CNVX3DComputation computation;
-  if (!computation.LoadKRNFile(krn.c_str())) Fail("cannot read " + krn);
-  // The tables go into a copy of the file, which replaces it only when every
-  // write and the close succeeded.
-  nvxparam::ReplaceFile(
-      rsv,
-      [&](const std::string& fresh, std::string* error) {
-        // A new RSV file is created where the empty fresh file stands.
-        if (!existed) std::filesystem::remove(fresh, ec);
-        computation.SetRSVFilePath(fresh);
-        errno = 0;
-        if (computation.WriteRSVFile()) return true;
-        // The file library leaves the system's reason of a failed write behind.
-        const int reason = errno;
-        *error = "writing the parameters into " + rsv + " failed";
-        if (reason != 0) *error += std::string(": ") + std::strerror(reason);
-        return false;
-      },
-      /*startFromOld=*/true);
+  return out + "\"";
 }
 
-void RunFromRsv(const Args& args) {
-  if (args.size() != 2) FailUsage(*FindVerb("from-rsv"));
-  const std::string& rsv = args[0];
-  const std::string& krn = args[1];
-  if (nvxparam::IsHdf5File(krn)) Fail(krn + " is an HDF5 file; not overwriting it");
-  // Every section that has a table is written, whether or not the file held it.
-  const nvxparam::Params params = nvxparam::LoadRsv(rsv);
-  nvxparam::WriteKrn(krn, *params.impl);
-}
+}  // namespace nvxparam
+
+namespace {
+
+using nvxparam::Args;
+using nvxparam::Fail;
+
+constexpr int kErrorStatus = 2;
+
+struct Verb {
+  const char* name;
+  const char* synopsis;  // arguments after the verb
+  const char* details;
+  int (*run)(const Args& args);
+  // Reads the RSV files among its arguments (run in a guarded child).
+  bool readsRsv = false;
+  // How many leading arguments may be "-" for standard input.
+  int stdinArgs = 0;
+};
 
 // ---- help and dispatch -------------------------------------------------------
 
-void RunHelp(const Args& args);
+int RunHelp(const Args& args);
 
 const Verb kVerbs[] = {
-    {"new", "[--model-kind K] [--analysis-type T] FILE.krn",
+    {"new", "[--model-kind K] [--analysis-type T] [--from-template] FILE.krn",
      "Writes a new KRN file with the defaults of model kind K (1 shell, 2 or 3\n"
      "solid; 2 when not given) and analysis type T (0 to 14; 0 when not given).\n"
+     "With --from-template it starts from the per-user template instead.\n"
      "An existing FILE is never overwritten.\n",
-     RunNew},
-    {"show", "FILE",
+     nvxparam::RunNew},
+    {"show", "[--json] FILE",
      "Lists every section FILE holds as a [SECTION] line followed by its\n"
-     "\"Key = value\" lines. FILE is a KRN file or an RSV file; of an RSV file the\n"
-     "sections whose table it holds are listed.\n",
-     RunShow, true},
-    {"get", "FILE SECTION.Key",
-     "Prints the value of one key, e.g. SOLID_FILL.FlagInertia. FILE is a KRN\n"
-     "file or an RSV file.\n",
-     RunGet, true},
+     "\"Key = value\" lines, values in the file's own form. FILE is a KRN file\n"
+     "or an RSV file; of an RSV file only the keys its tables hold are listed.\n",
+     nvxparam::RunShow, true, 1},
+    {"get", "[--json] FILE SECTION.Key",
+     "Prints the value of one key in the file's form, e.g. SOLID_FILL.FlagInertia.\n"
+     "Exit status 1 when FILE does not hold the key.\n",
+     nvxparam::RunGet, true, 1},
     {"set", "FILE.krn SECTION.Key=VALUE...",
-     "Sets one or more keys and writes FILE.krn once. Every assignment is checked\n"
-     "first; when any of them is wrong nothing is written. A section FILE.krn did\n"
-     "not hold is added. Integers and counts take whole numbers, flags 0, 1,\n"
-     "true or false, texts a single word.\n",
-     RunSet},
+     "Changes the lines of the keys named in place; every other byte of FILE.krn\n"
+     "stays as it was. Values are given in the file's form. Where several lines\n"
+     "feed one value (keys shared between sections) every line the file holds is\n"
+     "written; each line changed is printed as FILE:LINE: SECTION.Key = VALUE.\n"
+     "Every assignment is checked first (type, 32-bit range, no NaN or infinity,\n"
+     "output times as show prints them, e.g. \"3: 0.5, 1.25, 2\"); when any is\n"
+     "wrong nothing is written. Keys the writers fix (SUMMARY.Version) are refused.\n",
+     nvxparam::RunSet},
+    {"add", "FILE.krn SECTION[.Key[=VALUE]]...",
+     "Adds a key line the section lacks (with VALUE or the value the library\n"
+     "reads now) or a whole section, as the library writes them.\n",
+     nvxparam::RunAdd},
+    {"unset", "FILE.krn SECTION[.Key]...",
+     "Removes the lines of a key (with its item lines) or a whole section.\n"
+     "Exit status 1, and nothing changed, when FILE.krn does not hold one.\n",
+     nvxparam::RunUnset},
+    {"keys", "[--json|--markdown] [--model-kind K] [SECTION]",
+     "Lists every key: its type, fresh default, reset default (load mode 1 of\n"
+     "model kind K, 2 when not given), whether KRN and RSV files hold it and\n"
+     "the keys that share its value.\n",
+     nvxparam::RunKeys},
+    {"diff", "[--json] A B",
+     "Prints the SECTION.Key values that differ between A and B, each a KRN or\n"
+     "RSV file or \"--defaults MODELKIND\". Exit status 0 equal, 1 different.\n",
+     nvxparam::RunDiff, true, 2},
+    {"check", "[--json] FILE.krn",
+     "Lints a KRN file: values that do not read cleanly, unknown keys and\n"
+     "sections, counts that disagree with their item lines, sections and keys\n"
+     "given twice; each finding as FILE:LINE: message. Exit status 1 on findings.\n",
+     nvxparam::RunCheck, false, 1},
     {"to-rsv", "FILE.krn FILE.rsv",
      "Writes the parameters of FILE.krn into the parameter tables of FILE.rsv,\n"
      "creating FILE.rsv when it does not exist.\n",
-     RunToRsv, true},
+     nvxparam::RunToRsv, true, 1},
     {"from-rsv", "FILE.rsv FILE.krn",
-     "Writes the parameter tables of FILE.rsv as the KRN file FILE.krn, one\n"
-     "section for every table the parameters know. FILE.krn is replaced.\n",
-     RunFromRsv, true},
+     "Writes the parameter tables of FILE.rsv as the KRN file FILE.krn with the\n"
+     "sections of the file's model kind, and names the KRN-only keys it could\n"
+     "not restore. FILE.krn is replaced.\n",
+     nvxparam::RunFromRsv, true, 1},
     {"help", "[VERB]", "Shows the usage of nvxparam or of one verb.\n", RunHelp},
 };
 
@@ -281,7 +185,10 @@ std::string Usage() {
   text +=
       "\nKeys are named SECTION.Key, e.g. SOLID_FILL.FlagInertia or SUMMARY.Flag3D.\n"
       "'nvxparam help VERB' or 'nvxparam VERB --help' describes one verb.\n"
-      "Exit status: 0 on success, 2 on any error (the files are then unchanged).\n";
+      "\"-\" names standard input where a verb reads a file. --version prints the\n"
+      "version.\n"
+      "Exit status: 0 on success; 1 when a key or section is not there, files\n"
+      "differ or check finds something; 2 on any error (files are then unchanged).\n";
   return text;
 }
 
@@ -289,7 +196,7 @@ std::string VerbUsage(const Verb& verb) {
   return std::string("usage: nvxparam ") + verb.name + " " + verb.synopsis + "\n\n" + verb.details;
 }
 
-void RunHelp(const Args& args) {
+int RunHelp(const Args& args) {
   if (args.empty()) {
     std::cout << Usage();
   } else if (const Verb* verb = FindVerb(args[0]); verb != nullptr && args.size() == 1) {
@@ -297,9 +204,37 @@ void RunHelp(const Args& args) {
   } else if (args.size() == 1) {
     Fail("unknown verb '" + args[0] + "'");
   } else {
-    FailUsage(*FindVerb("help"));
+    Fail("usage: nvxparam help [VERB]");
   }
+  return 0;
 }
+
+// Standard input copied into a private file, removed when the command ends.
+class StdinFile {
+ public:
+  StdinFile() = default;
+  StdinFile(const StdinFile&) = delete;
+  StdinFile& operator=(const StdinFile&) = delete;
+  ~StdinFile() {
+    if (!path_.empty()) std::remove(path_.c_str());
+  }
+  const std::string& Take() {
+    if (!path_.empty()) Fail("standard input can be read only once");
+    std::string pattern =
+        (std::filesystem::temp_directory_path() / "nvxparam-stdin-XXXXXX").string();
+    const int fd = ::mkstemp(pattern.data());
+    if (fd < 0) Fail(std::string("cannot keep standard input: ") + std::strerror(errno));
+    ::close(fd);
+    path_ = pattern;
+    std::ofstream out(path_, std::ios::binary);
+    out << std::cin.rdbuf();
+    if (!out.flush()) Fail("cannot keep standard input: " + std::string(std::strerror(errno)));
+    return path_;
+  }
+
+ private:
+  std::string path_;
+};
 
 bool IsHelpOption(const std::string& arg) { return arg == "-h" || arg == "--help"; }
 
@@ -312,25 +247,35 @@ int Run(const Args& argv) {
     std::cout << Usage();
     return 0;
   }
+  if (argv[0] == "--version" || argv[0] == "version") {
+    std::cout << "nvxparam " NVXPARAM_VERSION << std::endl;
+    return 0;
+  }
   const Verb* verb = FindVerb(argv[0]);
   if (verb == nullptr) {
     std::cerr << "nvxparam: unknown verb '" << argv[0] << "'\n\n" << Usage();
     return kErrorStatus;
   }
-  const Args args(argv.begin() + 1, argv.end());
+  Args args(argv.begin() + 1, argv.end());
   if (std::any_of(args.begin(), args.end(), IsHelpOption)) {
     std::cout << VerbUsage(*verb);
     return 0;
+  }
+  StdinFile stdinFile;
+  int files = 0;
+  for (std::string& arg : args) {
+    if (arg.size() > 1 && arg[0] == '-' && arg != "--defaults") continue;
+    if (files++ < verb->stdinArgs && arg == "-") arg = stdinFile.Take();
   }
   // An RSV file may be damaged so that the HDF5 library crashes or hangs on it;
   // such a file is read in a child process under time and memory limits.
   if (verb->readsRsv) {
     for (const std::string& arg : args) {
-      if (nvxparam::IsHdf5File(arg)) return nvxparam::RunGuarded(arg, [&] { verb->run(args); });
+      if (nvxparam::IsHdf5File(arg))
+        return nvxparam::RunGuarded(arg, [&] { return verb->run(args); });
     }
   }
-  verb->run(args);
-  return 0;
+  return verb->run(args);
 }
 
 }  // namespace
@@ -341,6 +286,10 @@ int main(int argc, char** argv) {
   NVXSetCantOpenHandler([](const char*) {});
   try {
     return Run(Args(argv + 1, argv + argc));
+  } catch (const nvxparam::Failure& e) {
+    std::cout.flush();
+    std::cerr << "nvxparam: " << e.what() << std::endl;
+    return e.status;
   } catch (const std::exception& e) {
     std::cout.flush();
     std::cerr << "nvxparam: " << e.what() << std::endl;

@@ -5,6 +5,8 @@
 #include <cctype>
 #include <cerrno>
 #include <charconv>
+#include <climits>
+#include <cmath>
 #include <cstdlib>
 
 #include "NVXPlatform.h"
@@ -37,6 +39,78 @@ bool ParseReal(const std::string& text, double* out) {
   const double v = std::strtod(text.c_str(), &end);
   if (end != text.c_str() + text.size() || errno == ERANGE) return false;
   *out = v;
+  return true;
+}
+
+// A decimal number as people type it: no leading blank, no hex, finite.
+bool ParseFiniteReal(const std::string& text, const char* keyName, double* out,
+                     std::string* error) {
+  const bool hex = text.find_first_of("xX") != std::string::npos;
+  const bool blank = !text.empty() && std::isspace(static_cast<unsigned char>(text[0]));
+  char* end = nullptr;
+  errno = 0;
+  const double v = text.empty() || hex || blank ? 0.0 : std::strtod(text.c_str(), &end);
+  if (text.empty() || hex || blank || end != text.c_str() + text.size()) {
+    *error = "'" + text + "' is not a number for " + keyName;
+    return false;
+  }
+  if (errno == ERANGE && std::fabs(v) > 1.0) {
+    *error = "'" + text + "' is out of the range of a double for " + keyName;
+    return false;
+  }
+  if (!std::isfinite(v)) {
+    *error = "'" + text + "' is not a finite number for " + keyName;
+    return false;
+  }
+  *out = v;
+  return true;
+}
+
+std::string Trimmed(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+// "N" or "N: t1, t2, ..." into `block`.
+bool ParseTimes(const Key& key, const std::string& text, std::string* error) {
+  const std::size_t colon = text.find(':');
+  const std::string countText = Trimmed(text.substr(0, colon));
+  std::int32_t count = 0;
+  if (!ParseWhole(countText, &count)) {
+    *error = "'" + countText + "' is not a whole number (32-bit) for " + key.name;
+    return false;
+  }
+  if (count < 0 || count > kMaxTimes) {
+    *error = "a count of times must lie between 0 and " + std::to_string(kMaxTimes);
+    return false;
+  }
+  OutputTimes& block = key.As<OutputTimes>();
+  if (colon == std::string::npos) {
+    block.SetCount(count);
+    return true;
+  }
+  std::vector<double> times;
+  std::string rest = text.substr(colon + 1);
+  if (!Trimmed(rest).empty()) {
+    for (std::size_t start = 0;;) {
+      const std::size_t comma = rest.find(',', start);
+      double t = 0.0;
+      if (!ParseFiniteReal(Trimmed(rest.substr(start, comma - start)), key.name, &t, error)) {
+        return false;
+      }
+      times.push_back(t);
+      if (comma == std::string::npos) break;
+      start = comma + 1;
+    }
+  }
+  if (times.size() != static_cast<std::size_t>(count)) {
+    *error = std::string(key.name) + " is given " + std::to_string(times.size()) +
+             " times for a count of " + std::to_string(count);
+    return false;
+  }
+  block.Count = count;
+  block.Times = std::move(times);
   return true;
 }
 
@@ -160,6 +234,75 @@ bool ParseValue(const Key& key, const std::string& text, std::string* error) {
   }
   *error = std::string(key.name) + " cannot be set";
   return false;
+}
+
+std::string FormatFileValue(const Key& key) {
+  if (key.kind == KeyKind::kInt && key.bias != 0) {
+    return std::to_string(static_cast<std::int64_t>(key.As<std::int32_t>()) + key.bias);
+  }
+  return FormatValue(key);
+}
+
+bool IsFlagKey(const Key& key) {
+  return key.kind == KeyKind::kBool || (key.kind == KeyKind::kInt && key.truth != Truth::kNone);
+}
+
+const char* KindName(const Key& key) {
+  if (IsFlagKey(key)) return "flag";
+  switch (key.kind) {
+    case KeyKind::kInt:
+    case KeyKind::kFixedInt:
+      return "int";
+    case KeyKind::kDouble:
+      return "double";
+    case KeyKind::kText:
+    case KeyKind::kWideText:
+      return "text";
+    case KeyKind::kTimes:
+    case KeyKind::kTimeArray:
+      return "times";
+    default:
+      return "list";
+  }
+}
+
+bool ParseFileValue(const Key& key, const std::string& text, std::string* error) {
+  if (IsFlagKey(key)) {
+    const bool on = text == "1" || text == "true";
+    if (!on && text != "0" && text != "false") {
+      *error = "'" + text + "' is not 0, 1, true or false for " + key.name;
+      return false;
+    }
+    if (key.kind == KeyKind::kBool) {
+      key.As<bool>() = on;
+    } else {
+      key.As<std::int32_t>() = on ? 1 : 0;
+    }
+    return true;
+  }
+  switch (key.kind) {
+    case KeyKind::kInt: {
+      std::int32_t whole = 0;
+      const bool ok = ParseWhole(text, &whole);
+      const std::int64_t stored = static_cast<std::int64_t>(whole) - key.bias;
+      if (!ok || stored < INT32_MIN || stored > INT32_MAX) {
+        *error = "'" + text + "' is not a whole number (32-bit) for " + key.name;
+        return false;
+      }
+      key.As<std::int32_t>() = static_cast<std::int32_t>(stored);
+      return true;
+    }
+    case KeyKind::kDouble: {
+      double real = 0.0;
+      if (!ParseFiniteReal(text, key.name, &real, error)) return false;
+      key.As<double>() = real;
+      return true;
+    }
+    case KeyKind::kTimes:
+      return ParseTimes(key, text, error);
+    default:
+      return ParseValue(key, text, error);
+  }
 }
 
 std::vector<std::string> NearestNames(const std::string& name,

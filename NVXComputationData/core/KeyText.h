@@ -29,6 +29,25 @@ std::string FormatValue(const Key& key);
 // field is unchanged and `error` says why.
 bool ParseValue(const Key& key, const std::string& text, std::string* error);
 
+// The value in the form the KRN file holds it: FormatValue with the key's
+// bias added to an int (a 0-based choice the file writes 1-based reads as in
+// the file). Output times read "N: t1, t2, ...", as FormatValue prints them.
+std::string FormatFileValue(const Key& key);
+
+// Stores `text`, given in the file's form, into the key's field; stricter than
+// ParseValue: ints within 32 bits after the bias is taken off, flags 0 or 1
+// (also true/false), doubles complete finite decimal numbers (no hex, NaN or
+// infinity; "out of range" named as such), output times "N" or
+// "N: t1, t2, ..." with exactly N times. On failure the field is unchanged and
+// `error` says why.
+bool ParseFileValue(const Key& key, const std::string& text, std::string* error);
+
+// A short name of the key's type: int, flag, double, text, times or list.
+const char* KindName(const Key& key);
+
+// True for keys whose file value is a flag (0 or 1).
+bool IsFlagKey(const Key& key);
+
 // Names from `candidates` closest to `name` (edit distance), best first.
 std::vector<std::string> NearestNames(const std::string& name,
                                       const std::vector<std::string>& candidates,

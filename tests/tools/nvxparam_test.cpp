@@ -3,6 +3,7 @@
 #include <stdlib.h>
 #include <sys/wait.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -84,7 +85,7 @@ TEST_F(NvxParamTest, NewWritesTheDefaultsOfTheModelKindAndNeverOverwrites) {
   EXPECT_NE(shown.out.find("\nFlag3D = 0\n"), std::string::npos);
   EXPECT_NE(shown.out.find("[SHELL_FILL]\n"), std::string::npos);
   EXPECT_EQ(shown.out.find("[SOLID_FILL]"), std::string::npos);
-  EXPECT_EQ(Run({"get", shell, "SOLID_FILL.FlagInertia"}).status, 2);
+  EXPECT_EQ(Run({"get", shell, "SOLID_FILL.FlagInertia"}).status, 1);
 
   const std::string before = ReadText(solid);
   const Result again = Run({"new", "--model-kind=1", solid});
@@ -95,17 +96,68 @@ TEST_F(NvxParamTest, NewWritesTheDefaultsOfTheModelKindAndNeverOverwrites) {
   EXPECT_FALSE(fs::exists(Path("k0.krn")));
 }
 
-TEST_F(NvxParamTest, SetAppliesEveryAssignmentAndAddsMissingSections) {
+TEST_F(NvxParamTest, SetEditsOnlyTheLinesOfItsKeysInTheFilesOwnForm) {
   const std::string file = Path("a.krn");
-  ASSERT_EQ(Run({"new", "--model-kind", "1", file}).status, 0);
+  ASSERT_EQ(Run({"new", file}).status, 0);
+  // Comments, unknown sections and CRLF endings are the user's: set keeps them.
+  std::string text = ReadText(file);
+  for (std::size_t i = 0; (i = text.find('\n', i)) != std::string::npos; i += 2)
+    text.insert(i, "\r");
+  text = "# mine\r\n<MY_SECTION>\r\nX = 1\r\n</MY_SECTION>\r\n" + text;
+  WriteText(file, text);
+
+  // The file holds the 1-based output type; get and set speak the same form.
+  EXPECT_EQ(Get(file, "FILL_OUTPUT_TIMES.FlagFillMultiOutputType"), "1");
   const Result set = Run({"set", file, "SOLID_FILL.FlagInertia=1", "SUMMARY.Creater=me",
-                          "PACK_OUTPUT_TIMES.ValueNoPackOutputTime=2"});
+                          "FILL_OUTPUT_TIMES.ValueNoFillOutputTime=3: 0.5, 1.25, 2",
+                          "FILL_OUTPUT_TIMES.FlagFillMultiOutputType=2"});
   ASSERT_EQ(set.status, 0) << set.err;
+  EXPECT_NE(set.out.find("SOLID_FILL.FlagInertia = 1"), std::string::npos) << set.out;
+  std::string expected = text;
+  for (const auto& [from, to] : std::vector<std::pair<std::string, std::string>>{
+           {"FlagInertia = 0\r\n", "FlagInertia = 1\r\n"},
+           {"FlagFillMultiOutputType = 1\r\n", "FlagFillMultiOutputType = 2\r\n"},
+           {"ValueNoFillOutputTime = 0\r\n",
+            "ValueNoFillOutputTime = 3\r\n1 = 0.5\r\n2 = 1.25\r\n3 = 2\r\n"}}) {
+    ASSERT_NE(expected.find(from), std::string::npos) << from;
+    expected.replace(expected.find(from), from.size(), to);
+  }
+  const std::string creater = expected.substr(expected.find("Creater ="));
+  expected.replace(expected.find("Creater ="), creater.find('\r'), "Creater = me");
+  EXPECT_EQ(ReadText(file), expected);
+  EXPECT_EQ(Get(file, "FILL_OUTPUT_TIMES.ValueNoFillOutputTime"), "3: 0.5, 1.25, 2");
+  EXPECT_EQ(Get(file, "FILL_OUTPUT_TIMES.FlagFillMultiOutputType"), "2");
+}
+
+TEST_F(NvxParamTest, SetWritesEveryLineOfASharedValueAndRefusesFixedKeys) {
+  const std::string file = Path("a.krn");
+  WriteText(file,
+            "<SHELL_FILL>\nIDSolver = 0\n</SHELL_FILL>\n<SOLID_FILL>\nIDSolver = 0\n"
+            "</SOLID_FILL>\n<SUMMARY>\nVersion = 1005\n</SUMMARY>\n");
+  const Result set = Run({"set", file, "SHELL_FILL.IDSolver=3"});
+  ASSERT_EQ(set.status, 0) << set.err;
+  EXPECT_NE(set.out.find(":5: SOLID_FILL.IDSolver = 3"), std::string::npos) << set.out;
+  EXPECT_EQ(ReadText(file),
+            "<SHELL_FILL>\nIDSolver = 3\n</SHELL_FILL>\n<SOLID_FILL>\nIDSolver = 3\n"
+            "</SOLID_FILL>\n<SUMMARY>\nVersion = 1005\n</SUMMARY>\n");
+  const std::string before = ReadText(file);
+  for (const char* bad :
+       {"SUMMARY.Version=1", "SOLID_FILL.ValueGravityX=nan", "SOLID_FILL.ValueGravityX=1e400",
+        "SOLID_FILL.IDSolver=0x10", "SOLID_FILL.FlagInertia=1"}) {
+    const Result r = Run({"set", file, bad});
+    EXPECT_EQ(r.status, 2) << bad;
+    EXPECT_FALSE(r.err.empty());
+  }
+  EXPECT_EQ(ReadText(file), before);
+
+  // add writes a missing key line after its predecessors; unset removes it.
+  ASSERT_EQ(Run({"add", file, "SOLID_FILL.FlagInertia=1"}).status, 0);
   EXPECT_EQ(Get(file, "SOLID_FILL.FlagInertia"), "1");
-  EXPECT_EQ(Get(file, "SUMMARY.Creater"), "me");
-  EXPECT_EQ(Get(file, "PACK_OUTPUT_TIMES.ValueNoPackOutputTime"), "2: 0, 0");
-  EXPECT_EQ(Get(file, "SHELL_FILL.ValueNoFlowLayer"), "12");  // untouched keys stay
-  EXPECT_NE(ReadText(file).find("\nFlagInertia = 1\n"), std::string::npos);
+  ASSERT_EQ(Run({"unset", file, "SOLID_FILL.FlagInertia", "SUMMARY"}).status, 0);
+  EXPECT_EQ(ReadText(file),
+            "<SHELL_FILL>\nIDSolver = 3\n</SHELL_FILL>\n<SOLID_FILL>\n"
+            "IDSolver = 3\n</SOLID_FILL>\n");
+  EXPECT_EQ(Run({"unset", file, "SUMMARY"}).status, 1);
 }
 
 TEST_F(NvxParamTest, RejectedCommandsNameTheProblemAndLeaveTheFileAsItWas) {
@@ -204,6 +256,76 @@ TEST_F(NvxParamTest, UnusableRsvFilesAreRefusedBeforeAnythingIsWritten) {
   ASSERT_EQ(Run({"new", krn}).status, 0);
   EXPECT_EQ(Run({"to-rsv", krn, text}).status, 2);
   EXPECT_EQ(ReadText(text), "not an HDF5 file\n");
+}
+
+TEST_F(NvxParamTest, DiffCheckAndJsonAnswerWithTheirExitStatus) {
+  const std::string a = Path("a.krn"), b = Path("b.krn");
+  ASSERT_EQ(Run({"new", a}).status, 0);
+  ASSERT_EQ(Run({"new", b}).status, 0);
+  ASSERT_EQ(Run({"set", b, "SOLID_FILL.FlagInertia=1", "SUMMARY.Time=t"}).status, 0);
+  ASSERT_EQ(Run({"set", a, "SUMMARY.Time=t"}).status, 0);
+  EXPECT_EQ(Run({"diff", a, a}).status, 0);
+  Result r = Run({"diff", a, b});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.out, "SOLID_FILL.FlagInertia: 0 -> 1\n");
+  r = Run({"diff", "--json", a, b});
+  EXPECT_NE(r.out.find("\"equal\": false, \"differences\": [\n  {\"key\": "
+                       "\"SOLID_FILL.FlagInertia\", \"a\": \"0\", \"b\": \"1\"}\n]}"),
+            std::string::npos)
+      << r.out;
+  EXPECT_EQ(Run({"diff", a, Path("missing.krn")}).status, 2);
+
+  r = Run({"get", "--json", a, "SOLID_FILL.FlagInertia"});
+  EXPECT_EQ(r.out, "{\"key\": \"SOLID_FILL.FlagInertia\", \"value\": \"0\"}\n");
+  EXPECT_EQ(Run({"check", a}).status, 0);
+
+  const std::string bad = Path("bad.krn");
+  WriteText(bad,
+            "<SUMMARY>\nFlag3D = 7\nVersion = 0.5abc\nBogus = 1\n</SUMMARY>\n<FOO>\n"
+            "<FILL_OUTPUT_TIMES>\nValueNoFillOutputTime = 3\n1 = 0.5\n</FILL_OUTPUT_TIMES>\n"
+            "<SUMMARY>\n</SUMMARY>\n");
+  const std::string before = ReadText(bad);
+  r = Run({"check", bad});
+  EXPECT_EQ(r.status, 1);
+  for (const char* line :
+       {":2: Flag3D: '7' is not a flag", ":3: Version: '0.5abc'", ":4: unknown key",
+        ":6: unknown section <FOO>", ":8: ValueNoFillOutputTime counts 3 but 1",
+        ":11: section SUMMARY appears again"}) {
+    EXPECT_NE(r.out.find(line), std::string::npos) << line << "\n" << r.out;
+  }
+  r = Run({"check", "--json", bad});
+  EXPECT_EQ(r.out.rfind("{\"file\": ", 0), 0u);
+  EXPECT_NE(r.out.find("{\"line\": 6, \"message\": \"unknown section <FOO> (ignored)\"}"),
+            std::string::npos);
+  EXPECT_EQ(ReadText(bad), before);  // reading verbs never write
+}
+
+TEST_F(NvxParamTest, StandardInputVersionAndDirectoriesAreUnderstood) {
+  const std::string a = Path("a.krn");
+  ASSERT_EQ(Run({"new", a}).status, 0);
+  const std::string command = std::string(NVXPARAM_PATH) + " get - SUMMARY.Flag3D <'" + a + "'";
+  FILE* pipe = ::popen(command.c_str(), "r");
+  ASSERT_NE(pipe, nullptr);
+  char buf[16] = {};
+  ASSERT_NE(std::fgets(buf, sizeof buf, pipe), nullptr);
+  EXPECT_EQ(::pclose(pipe), 0);
+  EXPECT_STREQ(buf, "1\n");
+  EXPECT_EQ(Run({"--version"}).out.rfind("nvxparam ", 0), 0u);
+  const Result r = Run({"show", dir_.string()});
+  EXPECT_EQ(r.status, 2);
+  EXPECT_NE(r.err.find("is a directory"), std::string::npos) << r.err;
+}
+
+TEST_F(NvxParamTest, FromRsvWritesTheFilesModelKindAndNamesWhatItLost) {
+  const std::string shell = Path("s.krn"), rsv = Path("s.rsv"), back = Path("back.krn");
+  ASSERT_EQ(Run({"new", "--model-kind", "1", shell}).status, 0);
+  ASSERT_EQ(Run({"to-rsv", shell, rsv}).status, 0);
+  const Result r = Run({"from-rsv", rsv, back});
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_NE(r.err.find("does not hold these KRN keys"), std::string::npos) << r.err;
+  const std::string text = ReadText(back);
+  EXPECT_NE(text.find("<SHELL_FILL>"), std::string::npos);
+  EXPECT_EQ(text.find("<SOLID_FILL>"), std::string::npos);
 }
 
 }  // namespace
