@@ -157,6 +157,11 @@ const Verb kVerbs[] = {
      "sections, counts that disagree with their item lines, sections and keys\n"
      "given twice; each finding as FILE:LINE: message. Exit status 1 on findings.\n",
      nvxparam::RunCheck, false, 1},
+    {"report", "[--json] FILE.rsv",
+     "Prints the computation report of FILE.rsv: the analysis sequence\n"
+     "(Sequence/Result0), the computing resources (TaskManager/Result0) and one\n"
+     "row per remote machine (TaskManager/Result1...), as ID and text.\n",
+     nvxparam::RunReport, true, 0},
     {"to-rsv", "FILE.krn FILE.rsv",
      "Writes the parameters of FILE.krn into the parameter tables of FILE.rsv,\n"
      "creating FILE.rsv when it does not exist.\n",

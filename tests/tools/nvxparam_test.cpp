@@ -233,6 +233,25 @@ TEST_F(NvxParamTest, RsvRoundTripKeepsValuesAndOutputTimes) {
   EXPECT_EQ(Get(back, "FILL_OUTPUT_TIMES.ValueNoFillOutputTime"), "2: 0.5, 1.5");
 }
 
+TEST_F(NvxParamTest, ReportPrintsTheComputationReportRows) {
+  const std::string krn = Path("a.krn"), rsv = Path("a.rsv");
+  ASSERT_EQ(Run({"new", krn}).status, 0);
+  ASSERT_EQ(Run({"set", krn, "REMOTE_MACHINES.ValueMachineSetting=1: node%s|/w|2|1"}).status, 0);
+  ASSERT_EQ(Run({"to-rsv", krn, rsv}).status, 0);
+  const Result text = Run({"report", rsv});
+  ASSERT_EQ(text.status, 0) << text.err;
+  EXPECT_EQ(text.out.rfind("[Sequence/Result0]\n0\tStandard\n", 0), 0u) << text.out;
+  EXPECT_NE(text.out.find("[TaskManager/Result0]\n0\tNo\n1\tlocalhost\n"), std::string::npos);
+  EXPECT_NE(text.out.find("[TaskManager/Result1]\n0\tnode%s\n"), std::string::npos);
+  const Result json = Run({"report", "--json", rsv});
+  ASSERT_EQ(json.status, 0) << json.err;
+  EXPECT_NE(json.out.find("\"TaskManager/Result0\": [{\"id\": 0, \"value\": \"No\"}"),
+            std::string::npos)
+      << json.out;
+  // A KRN file, or an HDF5 file without a report, is refused.
+  EXPECT_EQ(Run({"report", krn}).status, 2);
+}
+
 TEST_F(NvxParamTest, UnusableRsvFilesAreRefusedBeforeAnythingIsWritten) {
   const std::string text = Path("text.rsv"), bare = Path("bare.rsv"), krn = Path("a.krn");
   WriteText(text, "not an HDF5 file\n");
