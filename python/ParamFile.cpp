@@ -31,17 +31,11 @@ using NVX3DRSVExTool::CRSVTable;
 using NVX3DRSVExTool::CRSVTool;
 
 constexpr std::size_t kSuggestions = 3;
-// Same bound as the count parser: a damaged count must not allocate gigabytes.
-constexpr int kMaxTimes = 1000000;
 
 std::string Quoted(const std::string& text) { return "'" + text + "'"; }
 
 std::string Nearest(const std::string& name, const std::vector<std::string>& candidates) {
-  std::string text;
-  for (const std::string& candidate : nvx::NearestNames(name, candidates, kSuggestions)) {
-    text += (text.empty() ? " (nearest: " : ", ") + candidate;
-  }
-  return text.empty() ? text : text + ")";
+  return nvx::NearestNamesNote(name, candidates, kSuggestions);
 }
 
 std::unique_ptr<CNVX3DComputationImpl> NewImpl() {
@@ -134,27 +128,6 @@ void Store(const nvx::Key& key, const std::string& text) {
   if (!nvx::ParseValue(key, text, &error)) throw BadValue(error);
 }
 
-// The tables into the RSV file `path`, as the facade's WriteRSVFile writes
-// them; false when a table write, flush or close failed.
-bool WriteTables(const std::string& path, CNVX3DComputationImpl& impl) {
-  CRSVTool tool;
-  if (tool.Create(path, 4, 1, 0) != 0 && tool.Open(path) != 0) return false;
-  if (tool.IsReadOnly()) return false;
-  CRSVGroup* group = tool.OpenGroup(1, 4);
-  if (group == nullptr) {
-    CRSVGroup* top = tool.OpenGroup(1);
-    group = top ? tool.CreateGroup(top, "Computation") : nullptr;
-    tool.CloseGroup(top);
-    if (group == nullptr) {
-      tool.Close();
-      return false;
-    }
-  }
-  nvx::WriteParameterTables(tool, group, impl);
-  tool.CloseGroup(group);
-  return tool.Close() == 0;
-}
-
 }  // namespace
 
 ParamFile::ParamFile() : impl_(NewImpl()) {}
@@ -186,15 +159,7 @@ ParamFile ParamFile::LoadRsv(const std::string& path) {
     CRSVTable* table = tool.OpenTable(group, def->rsvTable);
     if (table == nullptr) continue;
     file.Hold(def->tag);
-    // The reader takes the number of output times from memory, so every block
-    // is sized first to the count stored beside it.
-    for (const nvx::Key& key : def->keys(impl)) {
-      if (key.kind != nvx::KeyKind::kTimes || (key.use & nvx::kRsvWrite) == 0) continue;
-      int count = 0;
-      if (table->GetItem(key.name, &count)) {
-        key.As<nvx::OutputTimes>().SetCount(std::clamp(count, 0, kMaxTimes));
-      }
-    }
+    nvx::SizeTimesFromTable(*def, *table, impl);
     tool.CloseTable(table);
   }
   try {
@@ -335,7 +300,7 @@ void ParamFile::WriteRsv(const std::string& path) {
     errno = 0;
     bool written = false;
     try {
-      written = WriteTables(fresh, *impl_) &&
+      written = nvx::WriteRsvTables(fresh, *impl_) &&
                 nvx::WriteComputationReport(fresh, nvx::GatherReport(*impl_)) == 1;
     } catch (const std::exception& e) {
       *error = "writing the parameters into " + path + " failed: " + e.what();

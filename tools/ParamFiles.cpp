@@ -29,17 +29,11 @@ using NVX3DRSVExTool::CRSVTable;
 using NVX3DRSVExTool::CRSVTool;
 
 constexpr std::size_t kSuggestions = 3;
-// Same bound as the count parser: a damaged count must not allocate gigabytes.
-constexpr int kMaxTimes = 1000000;
 
 std::string Quoted(const std::string& text) { return "'" + text + "'"; }
 
 std::string Nearest(const std::string& name, const std::vector<std::string>& candidates) {
-  std::string text;
-  for (const std::string& candidate : nvx::NearestNames(name, candidates, kSuggestions)) {
-    text += (text.empty() ? " (nearest: " : ", ") + candidate;
-  }
-  return text.empty() ? text : text + ")";
+  return nvx::NearestNamesNote(name, candidates, kSuggestions);
 }
 
 }  // namespace
@@ -185,15 +179,7 @@ Params LoadRsv(const std::string& path) {
     CRSVTable* table = tool.OpenTable(group, def->rsvTable);
     if (table == nullptr) continue;
     params.sections.push_back(def);
-    // The reader takes the number of output times from memory, so every block
-    // is sized first to the count stored beside it.
-    for (const nvx::Key& key : def->keys(*params.impl)) {
-      if (key.kind != nvx::KeyKind::kTimes || (key.use & nvx::kRsvWrite) == 0) continue;
-      int count = 0;
-      if (table->GetItem(key.name, &count)) {
-        key.As<nvx::OutputTimes>().SetCount(std::clamp(count, 0, kMaxTimes));
-      }
-    }
+    nvx::SizeTimesFromTable(*def, *table, *params.impl);
     for (const nvx::Key& key : def->keys(*params.impl)) {
       if (nvx::IsUserKey(key) && (key.use & nvx::kRsvRead) != 0 && TableHolds(*table, key)) {
         params.rsvKeys.push_back(std::string(nvx::TagName(def->tag)) + "." + key.name);

@@ -317,4 +317,13 @@ std::vector<std::string> NearestNames(const std::string& name,
   return best;
 }
 
+std::string NearestNamesNote(const std::string& name, const std::vector<std::string>& candidates,
+                             std::size_t count) {
+  std::string text;
+  for (const std::string& candidate : NearestNames(name, candidates, count)) {
+    text += (text.empty() ? " (nearest: " : ", ") + candidate;
+  }
+  return text.empty() ? text : text + ")";
+}
+
 }  // namespace nvx

@@ -52,6 +52,9 @@ bool IsFlagKey(const Key& key);
 std::vector<std::string> NearestNames(const std::string& name,
                                       const std::vector<std::string>& candidates,
                                       std::size_t count);
+// The same as a note for a message: " (nearest: a, b)", or empty.
+std::string NearestNamesNote(const std::string& name, const std::vector<std::string>& candidates,
+                             std::size_t count);
 
 }  // namespace nvx
 

@@ -11,11 +11,9 @@
 using NVX3DRSVExTool::CRSVGroup;
 using NVX3DRSVExTool::CRSVTool;
 
-namespace {
-
-// False when a table write, flush or close failed: the tool counts every
-// failure, and its Close reports them.
-bool WriteTables(const std::string& path, CNVX3DComputationImpl& impl) {
+// The tool counts every failed table write, flush and close; its Close
+// reports them.
+bool nvx::WriteRsvTables(const std::string& path, CNVX3DComputationImpl& impl) {
   CRSVTool tool;
   if (tool.Create(path, 4, 1, 0) != 0 && tool.Open(path) != 0) return false;
   // A file that opened only for reading cannot take the tables.
@@ -34,6 +32,8 @@ bool WriteTables(const std::string& path, CNVX3DComputationImpl& impl) {
   tool.CloseGroup(group);
   return tool.Close() == 0;
 }
+
+namespace {
 
 void ReadTables(const std::string& path, CNVX3DComputationImpl& impl) {
   CRSVTool tool;
@@ -54,7 +54,7 @@ void ReadTables(const std::string& path, CNVX3DComputationImpl& impl) {
 bool CNVX3DComputation::WriteRSVFile() {
   if (m_pImpl == nullptr) return false;
   try {
-    if (!WriteTables(m_pImpl->rsvPath, *m_pImpl)) return false;
+    if (!nvx::WriteRsvTables(m_pImpl->rsvPath, *m_pImpl)) return false;
     // The computation report goes into the same file; its result is the call's.
     return nvx::WriteComputationReport(m_pImpl->rsvPath, nvx::GatherReport(*m_pImpl)) == 1;
   } catch (const std::out_of_range&) {

@@ -299,4 +299,15 @@ void ReadParameterTables(CRSVTool& tool, CRSVGroup* group, CNVX3DComputationImpl
   }
 }
 
+void SizeTimesFromTable(const SectionDef& def, CRSVTable& table, CNVX3DComputationImpl& impl) {
+  // More output times than any solver takes: a damaged count allocates little.
+  constexpr int kMaxTimes = 1000000;
+  for (const Key& key : def.keys(impl)) {
+    if (key.kind != KeyKind::kTimes || (key.use & kRsvWrite) == 0) continue;
+    int count = 0;
+    if (table.GetItem(key.name, &count))
+      key.As<OutputTimes>().SetCount(std::clamp(count, 0, kMaxTimes));
+  }
+}
+
 }  // namespace nvx

@@ -3,6 +3,8 @@
 #ifndef NVX_RSV_RSVTABLES_H_
 #define NVX_RSV_RSVTABLES_H_
 
+#include <string>
+
 #include "NVX3DRSVExTool.h"
 #include "core/SectionDef.h"
 
@@ -34,6 +36,17 @@ void WriteSectionTable(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup
 // past its end throws std::out_of_range.
 void ReadSectionTable(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,
                       const SectionDef& def, CNVX3DComputationImpl& impl);
+
+// Sizes every output-time block of `def` to the count stored in its open
+// `table` (clamped to 0..1000000), as the KRN file read before an RSV read
+// normally does: the time arrays are read with the count in memory. For
+// readers of an RSV file on its own.
+void SizeTimesFromTable(const SectionDef& def, NVX3DRSVExTool::CRSVTable& table,
+                        CNVX3DComputationImpl& impl);
+
+// The parameter tables into the RSV file `path` (created when missing); false
+// when the file cannot be had or a table write, flush or close failed.
+bool WriteRsvTables(const std::string& path, CNVX3DComputationImpl& impl);
 
 }  // namespace nvx
 
