@@ -40,7 +40,10 @@ void LimitChild() {
   ::alarm(kSeconds);
 }
 
-[[noreturn]] void RunChild(const std::function<int()>& work) {
+// The child reports its status through `report` before it exits, so that an
+// exit the child did not choose (a sanitizer's report, a library that calls
+// exit) is told apart from the statuses of the verb.
+[[noreturn]] void RunChild(const std::function<int()>& work, int report) {
   LimitChild();
   int status = 0;
   try {
@@ -58,6 +61,9 @@ void LimitChild() {
   }
   std::cout.flush();
   std::cerr.flush();
+  const unsigned char byte = static_cast<unsigned char>(status);
+  while (::write(report, &byte, 1) < 0 && errno == EINTR) {
+  }
   std::_Exit(status);
 }
 
@@ -66,15 +72,30 @@ void LimitChild() {
 int RunGuarded(const std::string& path, const std::function<int()>& work) {
   std::cout.flush();
   std::cerr.flush();
+  int channel[2];
+  if (::pipe(channel) != 0) Fail(std::string("cannot start a process: ") + std::strerror(errno));
   const pid_t child = ::fork();
-  if (child < 0) Fail(std::string("cannot start a process: ") + std::strerror(errno));
-  if (child == 0) RunChild(work);
+  if (child < 0) {
+    ::close(channel[0]);
+    ::close(channel[1]);
+    Fail(std::string("cannot start a process: ") + std::strerror(errno));
+  }
+  if (child == 0) {
+    ::close(channel[0]);
+    RunChild(work, channel[1]);
+  }
+  ::close(channel[1]);
+  unsigned char reported = 0;
+  ssize_t got = 0;
+  while ((got = ::read(channel[0], &reported, 1)) < 0 && errno == EINTR) {
+  }
+  ::close(channel[0]);
   int raw = 0;
   while (::waitpid(child, &raw, 0) < 0) {
     if (errno != EINTR) Fail(std::string("lost the reading process: ") + std::strerror(errno));
   }
-  if (WIFEXITED(raw) && WEXITSTATUS(raw) >= 0 && WEXITSTATUS(raw) <= kFailed) {
-    return WEXITSTATUS(raw);
+  if (got == 1 && reported <= kFailed && WIFEXITED(raw) && WEXITSTATUS(raw) == reported) {
+    return reported;
   }
   Fail("corrupt or unreadable RSV file: " + path);
 }
