@@ -10,6 +10,7 @@
 #include <map>
 #include <sstream>
 
+#include "KeyMeanings.h"
 #include "KrnFile.h"
 #include "NVX3DComputation.h"
 #include "NVXPlatform.h"
@@ -125,10 +126,14 @@ std::pair<Address, std::string> SplitAssignment(const std::string& text) {
   return {SplitAddress(text.substr(0, eq)), text.substr(eq + 1)};
 }
 
-void Store(const nvx::Key& key, const std::string& value) {
+// Checks `value` for `key` of `def` (type, then the key's allowed range) and
+// stores it in memory; the file changes only once every value passed.
+void Store(const nvx::SectionDef& def, const nvx::Key& key, const std::string& value) {
   CheckKrnStorable(key, value);
   std::string error;
   if (!nvx::ParseFileValue(key, value, &error)) Fail(error);
+  error = RangeError(Name(def, key), value);
+  if (!error.empty()) Fail(error);
 }
 
 }  // namespace
@@ -193,7 +198,7 @@ int RunSet(const Args& args) {
       const nvx::SectionDef& def = FindSectionNamed(address.section);
       const nvx::KeyList keys = def.keys(*edit.params.impl);
       const nvx::Key& key = SettableKey(def, keys, address.key);
-      Store(key, value);
+      Store(def, key, value);
       bool any = false;
       for (const Edit::Walked& w : edit.sections) {
         for (const KeyLines& at : w.walk.keys) {
@@ -254,7 +259,7 @@ int RunAdd(const Args& args) {
       if (lines.key == index) Fail(edit.path + " already has a line for " + Name(def, key));
       if (lines.key < index) at = std::max(at, lines.line + lines.count);
     }
-    if (eq != std::string::npos) Store(key, arg.substr(eq + 1));
+    if (eq != std::string::npos) Store(def, key, arg.substr(eq + 1));
     std::vector<std::string>& text = edit.changes[at].second;
     const std::vector<std::string> lines = KeyText(key);
     text.insert(text.end(), lines.begin(), lines.end());

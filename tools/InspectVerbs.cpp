@@ -3,6 +3,7 @@
 #include <iostream>
 #include <optional>
 
+#include "KeyMeanings.h"
 #include "Verbs.h"
 #include "core/KeyText.h"
 #include "krn/KRNTags.h"
@@ -144,10 +145,11 @@ int RunKeys(const Args& given) {
         kind + " (" + kindName +
         "). *files* says whether KRN\n"
         "and RSV files hold the key; *shares* names the keys that feed the same\n"
-        "value (`nvxparam set` writes all of them).\n";
+        "value (`nvxparam set` writes all of them); *meaning* says what the key\n"
+        "is where that is known.\n";
   } else {
     text = "# SECTION.Key  type  fresh  reset(model kind " + kind + ", " + kindName +
-           ")  files  [shares]\n";
+           ")  files  [shares]  [meaning]\n";
   }
   bool first = true;
   for (const nvx::SectionDef* def : nvx::AllSections()) {
@@ -156,8 +158,8 @@ int RunKeys(const Args& given) {
     const nvx::KeyList freshKeys = def->keys(*fresh);
     const nvx::KeyList resetKeys = def->keys(*reset.impl);
     if (markdown) {
-      text += "\n## " + tag + "\n\n| Key | Type | Fresh | Reset | Files | Shares |\n" +
-              "|---|---|---|---|---|---|\n";
+      text += "\n## " + tag + "\n\n| Key | Type | Fresh | Reset | Files | Shares | Meaning |\n" +
+              "|---|---|---|---|---|---|---|\n";
     }
     for (const nvx::Key* key : UserKeys(freshKeys)) {
       const nvx::Key* resetKey = nvx::FindKey(resetKeys, key->name, nvx::kKrnRead);
@@ -178,6 +180,7 @@ int RunKeys(const Args& given) {
           std::string(krn ? "KRN" : "") + (krn && rsv ? "," : "") + (rsv ? "RSV" : "");
       const std::string name = tag + "." + key->name;
       resetValue = StableReset(name, resetValue);
+      const std::string meaning = MeaningOf(name);
       std::string shared;
       for (const std::string& s : shares) shared += (shared.empty() ? "" : ", ") + s;
       if (json) {
@@ -186,13 +189,15 @@ int RunKeys(const Args& given) {
         text += std::string(first ? "" : ",") + "\n  {\"key\": " + Json(name) +
                 ", \"type\": " + Json(nvx::KindName(*key)) + ", \"fresh\": " + Json(freshValue) +
                 ", \"reset\": " + Json(resetValue) + ", \"krn\": " + (krn ? "true" : "false") +
-                ", \"rsv\": " + (rsv ? "true" : "false") + ", \"shares\": [" + list + "]}";
+                ", \"rsv\": " + (rsv ? "true" : "false") + ", \"shares\": [" + list +
+                "], \"meaning\": " + Json(meaning) + "}";
       } else if (markdown) {
         text += "| " + std::string(key->name) + " | " + nvx::KindName(*key) + " | `" + freshValue +
-                "` | `" + resetValue + "` | " + files + " | " + shared + " |\n";
+                "` | `" + resetValue + "` | " + files + " | " + shared + " | " + meaning + " |\n";
       } else {
         text += name + "  " + nvx::KindName(*key) + "  " + freshValue + "  " + resetValue + "  " +
-                files + (shared.empty() ? "" : "  shares: " + shared) + "\n";
+                files + (shared.empty() ? "" : "  shares: " + shared) +
+                (meaning.empty() ? "" : "  meaning: " + meaning) + "\n";
       }
       first = false;
     }

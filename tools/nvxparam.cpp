@@ -132,12 +132,14 @@ const Verb kVerbs[] = {
      "feed one value (keys shared between sections) every line the file holds is\n"
      "written; each line changed is printed as FILE:LINE: SECTION.Key = VALUE.\n"
      "Every assignment is checked first (type, 32-bit range, no NaN or infinity,\n"
-     "output times as show prints them, e.g. \"3: 0.5, 1.25, 2\"); when any is\n"
-     "wrong nothing is written. Keys the writers fix (SUMMARY.Version) are refused.\n",
+     "the key's allowed range where it has one, e.g. 1 to 3, output times as show\n"
+     "prints them, e.g. \"3: 0.5, 1.25, 2\"); when any is wrong nothing is\n"
+     "written. Keys the writers fix (SUMMARY.Version) are refused.\n",
      nvxparam::RunSet},
     {"add", "FILE.krn SECTION[.Key[=VALUE]]...",
      "Adds a key line the section lacks (with VALUE or the value the library\n"
-     "reads now) or a whole section, as the library writes them.\n",
+     "reads now) or a whole section, as the library writes them. VALUE is\n"
+     "checked as set checks it.\n",
      nvxparam::RunAdd},
     {"unset", "FILE.krn SECTION[.Key]...",
      "Removes the lines of a key (with its item lines) or a whole section.\n"
@@ -146,7 +148,7 @@ const Verb kVerbs[] = {
     {"keys", "[--json|--markdown] [--model-kind K] [SECTION]",
      "Lists every key: its type, fresh default, reset default (load mode 1 of\n"
      "model kind K, 2 when not given), whether KRN and RSV files hold it and\n"
-     "the keys that share its value.\n",
+     "the keys that share its value, and what the key means where that is known.\n",
      nvxparam::RunKeys},
     {"diff", "[--json] A B",
      "Prints the SECTION.Key values that differ between A and B, each a KRN or\n"

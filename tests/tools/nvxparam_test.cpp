@@ -348,3 +348,37 @@ TEST_F(NvxParamTest, FromRsvWritesTheFilesModelKindAndNamesWhatItLost) {
 }
 
 }  // namespace
+
+TEST_F(NvxParamTest, ValuesOutsideAKeysRangeAreRefusedAndKeysShowMeanings) {
+  const std::string file = Path("a.krn");
+  ASSERT_EQ(Run({"new", file}).status, 0);
+  const std::string before = ReadText(file);
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"SOLID_FILL.ValueEOFPercent=-5", "0 to 1"},
+      {"SOLID_COOL.ValueConvergeType=4", "1 to 3"},
+      {"SOLID_COOL.ValueConvergeUnit=0", "1 to 2"},
+  };
+  for (const auto& [assignment, named] : cases) {
+    const Result r = Run({"set", file, "SOLID_FILL.ValueGravityX=1", assignment});
+    EXPECT_EQ(r.status, 2) << assignment;
+    EXPECT_NE(r.err.find(named), std::string::npos) << r.err;
+  }
+  EXPECT_EQ(ReadText(file), before);
+  ASSERT_EQ(Run({"unset", file, "SOLID_COOL.ValueConvergeType"}).status, 0);
+  EXPECT_EQ(Run({"add", file, "SOLID_COOL.ValueConvergeType=0"}).status, 2);
+
+  // The edges of a range are values like any other.
+  ASSERT_EQ(Run({"add", file, "SOLID_COOL.ValueConvergeType=1"}).status, 0);
+  ASSERT_EQ(
+      Run({"set", file, "SOLID_COOL.ValueConvergeUnit=2", "SOLID_FILL.ValueEOFPercent=1"}).status,
+      0);
+  EXPECT_EQ(Get(file, "SOLID_COOL.ValueConvergeType"), "1");
+  EXPECT_EQ(Get(file, "SOLID_FILL.ValueEOFPercent"), "1");
+
+  const Result text = Run({"keys", "SOLID_COOL"});
+  EXPECT_NE(text.out.find("meaning: convergence unit: 1 degree, 2 percentage"), std::string::npos);
+  const Result json = Run({"keys", "--json", "SUMMARY"});
+  EXPECT_NE(json.out.find("\"key\": \"SUMMARY.FlagFill\", "), std::string::npos);
+  EXPECT_NE(json.out.find("\"meaning\": \"run the filling stage\"}"), std::string::npos);
+  EXPECT_NE(json.out.find("\"meaning\": \"\"}"), std::string::npos);  // DefaultMode
+}
