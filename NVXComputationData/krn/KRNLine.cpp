@@ -33,9 +33,19 @@ std::string_view NextToken(std::string_view& rest, std::string_view delimiters) 
 }
 
 KeyValue SplitKeyValue(std::string_view line) {
+  // NextToken with the delimiters blank and "=", written out: this runs for
+  // every line of a document.
+  const auto delimiter = [](char c) { return c == ' ' || c == '='; };
+  const char* p = line.data();
+  const char* const end = p + line.size();
   KeyValue kv;
-  kv.key = NextToken(line, " =");
-  kv.value = NextToken(line, " =");
+  std::string_view* tokens[2] = {&kv.key, &kv.value};
+  for (std::string_view* token : tokens) {
+    while (p != end && delimiter(*p)) ++p;
+    const char* const start = p;
+    while (p != end && !delimiter(*p)) ++p;
+    *token = std::string_view(start, static_cast<std::size_t>(p - start));
+  }
   return kv;
 }
 
