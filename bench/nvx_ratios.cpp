@@ -8,7 +8,9 @@
 //   nvx_ratios [--reps R] [--cycles C] [--dir D]
 //
 // Every figure is the median of R repetitions; each repetition times enough
-// calls to last a few milliseconds and reports the mean of one call.
+// calls to last about 20 ms and reports the mean of one call. A measure and its
+// baseline run in turns and each ratio is the median of the repetitions'
+// ratios, so that the load of a shared machine falls on both alike.
 #include <ini.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -58,25 +60,54 @@ using Clock = std::chrono::steady_clock;
 
 int g_reps = 5;
 
-// Mean seconds of one call of `f`, median over the repetitions.
-double Time(const std::function<void()>& f) {
+// Calls of `f` that last about 20 ms.
+int Calibrate(const std::function<void()>& f) {
   f();  // warm caches and files
   int calls = 1;
   for (;;) {
     const auto start = Clock::now();
     for (int i = 0; i < calls; ++i) f();
     const double s = std::chrono::duration<double>(Clock::now() - start).count();
-    if (s > 0.02 || calls >= (1 << 24)) break;
+    if (s > 0.02 || calls >= (1 << 24)) return calls;
     calls *= 2;
   }
+}
+
+double MeanOf(const std::function<void()>& f, int calls) {
+  const auto start = Clock::now();
+  for (int i = 0; i < calls; ++i) f();
+  return std::chrono::duration<double>(Clock::now() - start).count() / calls;
+}
+
+double Median(std::vector<double> v) {
+  std::sort(v.begin(), v.end());
+  return v[v.size() / 2];
+}
+
+// Mean seconds of one call of `f`, median over the repetitions.
+double Time(const std::function<void()>& f) {
+  const int calls = Calibrate(f);
   std::vector<double> samples;
+  for (int r = 0; r < g_reps; ++r) samples.push_back(MeanOf(f, calls));
+  return Median(samples);
+}
+
+// `f` against its baseline `g`, timed in turns so that both see the same load
+// of a shared machine: the medians of each and the median of the ratios of
+// the repetitions.
+struct Pair {
+  double f, g, ratio;
+};
+Pair TimePair(const std::function<void()>& f, const std::function<void()>& g) {
+  const int fc = Calibrate(f);
+  const int gc = Calibrate(g);
+  std::vector<double> fs, gs, ratios;
   for (int r = 0; r < g_reps; ++r) {
-    const auto start = Clock::now();
-    for (int i = 0; i < calls; ++i) f();
-    samples.push_back(std::chrono::duration<double>(Clock::now() - start).count() / calls);
+    fs.push_back(MeanOf(f, fc));
+    gs.push_back(MeanOf(g, gc));
+    ratios.push_back(fs.back() / gs.back());
   }
-  std::sort(samples.begin(), samples.end());
-  return samples[samples.size() / 2];
+  return {Median(fs), Median(gs), Median(ratios)};
 }
 
 std::string ReadFile(const std::string& path) {
@@ -213,8 +244,8 @@ int main(int argc, char** argv) {
   MakeDocument(krn, 10000);
   MakeIni(krn, ini);
   CNVX3DComputation loaded;
-  const double load = Time([&] { loaded.LoadKRNFile(krn.c_str()); });
-  const double bytes = Time([&] {
+  const auto load = [&] { loaded.LoadKRNFile(krn.c_str()); };
+  const Pair bytes = TimePair(load, [&] {
     std::FILE* f = std::fopen(krn.c_str(), "rb");
     static char buffer[1 << 16];
     while (std::fread(buffer, 1, sizeof buffer, f) == sizeof buffer) {
@@ -222,25 +253,26 @@ int main(int argc, char** argv) {
     std::fclose(f);
   });
   long pairs = 0;
-  const double inih = Time([&] {
+  const Pair inih = TimePair(load, [&] {
     pairs = 0;
     ini_parse(ini.c_str(), CountPair, &pairs);
   });
   rows.push_back(
-      {"KRN load, N = 10^4", Ms(load), "reading the bytes " + Ms(bytes), X(load / bytes), "-"});
+      {"KRN load, N = 10^4", Ms(bytes.f), "reading the bytes " + Ms(bytes.g), X(bytes.ratio), "-"});
   rows.push_back(
-      {"KRN load, N = 10^4", Ms(load),
-       "libinih, same file as [section] lines (" + std::to_string(pairs) + " pairs) " + Ms(inih),
-       X(load / inih), "at most 0.80x"});
+      {"KRN load, N = 10^4", Ms(inih.f),
+       "libinih, same file as [section] lines (" + std::to_string(pairs) + " pairs) " + Ms(inih.g),
+       X(inih.ratio), "at most 0.80x"});
 
   // KRN write at N = 10^4.
   const std::string out = dir + "/written.krn";
   const std::string plain = dir + "/plain.krn";
-  const double write = Time([&] { loaded.WriteKRNFile(out, 0); });
+  const auto write = [&] { loaded.WriteKRNFile(out, 0); };
+  write();
   const std::string doc = ReadFile(out);
-  const double oneWrite = Time([&] { WriteAll(plain, doc); });
+  const Pair oneWrite = TimePair(write, [&] { WriteAll(plain, doc); });
   const Formatted parts = SplitNumbers(doc);
-  const double formatted = Time([&] {
+  const Pair formatted = TimePair(write, [&] {
     std::string text;
     text.reserve(doc.size());
     char number[32];
@@ -252,31 +284,29 @@ int main(int argc, char** argv) {
     text += parts.text.back();
     WriteAll(plain, text);
   });
-  rows.push_back({"KRN write, N = 10^4", Ms(write),
-                  "one buffered write of the bytes " + Ms(oneWrite), X(write / oneWrite), "-"});
+  rows.push_back({"KRN write, N = 10^4", Ms(oneWrite.f),
+                  "one buffered write of the bytes " + Ms(oneWrite.g), X(oneWrite.ratio), "-"});
   rows.push_back(
-      {"KRN write, N = 10^4", Ms(write),
-       "the same, " + std::to_string(parts.values.size()) + " numbers formatted " + Ms(formatted),
-       X(write / formatted), "at most 1.30x"});
+      {"KRN write, N = 10^4", Ms(formatted.f),
+       "the same, " + std::to_string(parts.values.size()) + " numbers formatted " + Ms(formatted.g),
+       X(formatted.ratio), "at most 1.30x"});
 
   // RSV write into an existing file, and read.
   const std::string rsv = dir + "/project.rsv";
   loaded.SetRSVFilePath(rsv);
   loaded.WriteRSVFile();
-  const double rsvWrite = Time([&] { loaded.WriteRSVFile(); });
-  const double rsvRead = Time([&] { loaded.ReadRSVFile(); });
   const nvxbench::Hdf5Layout layout(rsv);
   const std::string copy = dir + "/baseline.rsv";
   std::filesystem::copy_file(rsv, copy, std::filesystem::copy_options::overwrite_existing);
-  const double h5Write = Time([&] { layout.Write(copy); });
-  const double h5Read = Time([&] { layout.Read(copy); });
+  const Pair rsvWrite = TimePair([&] { loaded.WriteRSVFile(); }, [&] { layout.Write(copy); });
+  const Pair rsvRead = TimePair([&] { loaded.ReadRSVFile(); }, [&] { layout.Read(copy); });
   const std::string shape = std::to_string(layout.ObjectCount()) + " objects, " +
                             std::to_string(layout.ItemCount()) + " items";
-  rows.push_back({"RSV write, existing file", Ms(rsvWrite),
-                  "plain HDF5 program (" + shape + ") " + Ms(h5Write), X(rsvWrite / h5Write),
+  rows.push_back({"RSV write, existing file", Ms(rsvWrite.f),
+                  "plain HDF5 program (" + shape + ") " + Ms(rsvWrite.g), X(rsvWrite.ratio),
                   "at most 1.20x"});
-  rows.push_back({"RSV read", Ms(rsvRead), "plain HDF5 program " + Ms(h5Read), X(rsvRead / h5Read),
-                  "at most 1.20x"});
+  rows.push_back({"RSV read", Ms(rsvRead.f), "plain HDF5 program " + Ms(rsvRead.g),
+                  X(rsvRead.ratio), "at most 1.20x"});
 
   // Construction.
   const double construct = Time([] { delete new CNVX3DComputation; });
