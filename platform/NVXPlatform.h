@@ -14,9 +14,9 @@
 namespace nvx {
 namespace platform {
 
-// Number of logical processors (at least 1).
+// Number of logical processors (at least 1), asked once per process.
 std::uint32_t LogicalProcessorCount();
-// Physical memory in bytes (0 when unknown).
+// Physical memory in bytes (0 when unknown), asked once per process.
 std::uint64_t PhysicalMemoryBytes();
 
 // A message box without an owner, plain OK style.

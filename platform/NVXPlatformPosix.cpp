@@ -98,16 +98,25 @@ void NVXSetCantOpenHandler(NVXCantOpenHandler handler) {
 namespace nvx {
 namespace platform {
 
+// Both are asked of the system once per process: the answers do not change
+// while the process runs, and every parameter object needs them on
+// construction (the system calls read /proc and /sys each time).
 std::uint32_t LogicalProcessorCount() {
-  long n = ::sysconf(_SC_NPROCESSORS_ONLN);
-  return n > 0 ? static_cast<std::uint32_t>(n) : 1u;
+  static const std::uint32_t count = [] {
+    const long n = ::sysconf(_SC_NPROCESSORS_ONLN);
+    return n > 0 ? static_cast<std::uint32_t>(n) : 1u;
+  }();
+  return count;
 }
 
 std::uint64_t PhysicalMemoryBytes() {
-  long pages = ::sysconf(_SC_PHYS_PAGES);
-  long pageSize = ::sysconf(_SC_PAGE_SIZE);
-  if (pages <= 0 || pageSize <= 0) return 0;
-  return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageSize);
+  static const std::uint64_t bytes = []() -> std::uint64_t {
+    const long pages = ::sysconf(_SC_PHYS_PAGES);
+    const long pageSize = ::sysconf(_SC_PAGE_SIZE);
+    if (pages <= 0 || pageSize <= 0) return 0;
+    return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageSize);
+  }();
+  return bytes;
 }
 
 void ShowMessageBox(const char* text, const char* caption) { g_messageBox(text, caption); }

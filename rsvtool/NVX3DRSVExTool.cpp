@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdio>
+#include <filesystem>
 #include <map>
 #include <vector>
 
@@ -183,9 +184,13 @@ int CRSVTool::Create(const std::string& path, unsigned a, unsigned b, unsigned c
   Hdf5Lock lock(Hdf5Mutex());
   if (m_state->file.valid()) Close();
   if (path.empty()) return -1;
+  // Exclusive creation: an existing file, RSV or not, is never overwritten.
+  // Callers try Create before Open on every write, so a name already taken
+  // is refused here without starting HDF5's create (which would fail too).
+  std::error_code ec;
+  if (std::filesystem::exists(std::filesystem::symlink_status(path, ec))) return -1;
   Hid fapl = FileAccess();
   if (!fapl.valid()) return -1;
-  // Exclusive creation: an existing file, RSV or not, is never overwritten.
   Hid file(H5Fcreate(path.c_str(), H5F_ACC_EXCL, H5P_DEFAULT, fapl.get()), H5Fclose);
   if (!file.valid()) return -1;
 

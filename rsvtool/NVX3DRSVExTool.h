@@ -118,7 +118,8 @@ class CRSVTable : public CRSVObject {
   // next byte-block GetItem on this table or until the table is closed.
   bool GetItem(const std::string& name, std::uint64_t* size, const void** bytes);
 
-  // Commit the items to the file.
+  // Commit the items to the file: they are written out when the file is
+  // closed; 0 unless the table is no longer open.
   int Flush();
 
  private:

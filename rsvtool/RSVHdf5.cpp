@@ -78,8 +78,9 @@ bool IsLinkName(const std::string& name) {
 
 Hid OpenChild(hid_t loc, const std::string& name, H5I_type_t kind) {
   if (loc < 0 || !IsLinkName(name)) return {};
-  if (H5Lexists(loc, name.c_str(), H5P_DEFAULT) <= 0) return {};
-  // External links would silently open other files; only links inside this file count.
+  // The link's information is also the existence check (it fails for a
+  // missing name). External links would silently open other files; only
+  // links inside this file count.
   H5L_info_t info;
   if (H5Lget_info(loc, name.c_str(), &info, H5P_DEFAULT) < 0 ||
       (info.type != H5L_TYPE_HARD && info.type != H5L_TYPE_SOFT)) {
@@ -90,11 +91,23 @@ Hid OpenChild(hid_t loc, const std::string& name, H5I_type_t kind) {
   return object;
 }
 
+// Opening is the existence check: it fails for a missing attribute, and a
+// separate H5Aexists would search the object's attributes a second time.
 Hid OpenAttribute(hid_t object, const std::string& name) {
   if (object < 0 || name.empty()) return {};
-  if (H5Aexists(object, name.c_str()) <= 0) return {};
   return AttrId(H5Aopen(object, name.c_str(), H5P_DEFAULT));
 }
+
+namespace {
+
+// A new attribute `name`; one of that name that could not be used (another
+// type or extent, or one that would not open) is deleted first.
+Hid ReplaceAttribute(hid_t object, const std::string& name, hid_t type, hid_t space) {
+  if (H5Aexists(object, name.c_str()) > 0 && H5Adelete(object, name.c_str()) < 0) return {};
+  return AttrId(H5Acreate2(object, name.c_str(), type, space, H5P_DEFAULT, H5P_DEFAULT));
+}
+
+}  // namespace
 
 int PutAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t space, hid_t memType,
                  const void* buffer) {
@@ -102,23 +115,18 @@ int PutAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t sp
   const bool nullSpace = H5Sget_simple_extent_type(space) == H5S_NULL;
   if (!nullSpace && buffer == nullptr) return -1;
 
-  const htri_t exists = H5Aexists(object, name.c_str());
-  if (exists < 0) return -1;
-  if (exists > 0) {
-    Hid attr = OpenAttribute(object, name);
-    if (attr.valid()) {
-      Hid oldType = TypeId(H5Aget_type(attr.get()));
-      Hid oldSpace = SpaceId(H5Aget_space(attr.get()));
-      if (oldType.valid() && oldSpace.valid() && H5Tequal(oldType.get(), fileType) > 0 &&
-          H5Sextent_equal(oldSpace.get(), space) > 0) {
-        if (nullSpace) return 0;
-        return H5Awrite(attr.get(), memType, buffer) < 0 ? -1 : 0;
-      }
+  Hid attr = OpenAttribute(object, name);
+  if (attr.valid()) {
+    Hid oldType = TypeId(H5Aget_type(attr.get()));
+    Hid oldSpace = SpaceId(H5Aget_space(attr.get()));
+    if (oldType.valid() && oldSpace.valid() && H5Tequal(oldType.get(), fileType) > 0 &&
+        H5Sextent_equal(oldSpace.get(), space) > 0) {
+      if (nullSpace) return 0;
+      return H5Awrite(attr.get(), memType, buffer) < 0 ? -1 : 0;
     }
     attr.Reset();
-    if (H5Adelete(object, name.c_str()) < 0) return -1;
   }
-  Hid attr = AttrId(H5Acreate2(object, name.c_str(), fileType, space, H5P_DEFAULT, H5P_DEFAULT));
+  attr = ReplaceAttribute(object, name, fileType, space);
   if (!attr.valid()) return -1;
   if (nullSpace) return 0;
   return H5Awrite(attr.get(), memType, buffer) < 0 ? -1 : 0;
@@ -139,29 +147,51 @@ bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
 
   const size_t size = H5Tget_size(memType);
   if (size == 0) return false;
-  std::vector<unsigned char> staging(size);
-  if (H5Aread(attr.get(), memType, staging.data()) < 0) return false;
-  std::memcpy(out, staging.data(), size);
+  // Read into a staging buffer so `out` stays untouched when the read fails.
+  unsigned char small[16];
+  std::vector<unsigned char> large(size > sizeof small ? size : 0);
+  unsigned char* staging = size > sizeof small ? large.data() : small;
+  if (H5Aread(attr.get(), memType, staging) < 0) return false;
+  std::memcpy(out, staging, size);
   return true;
 }
 
 int PutStringAttribute(hid_t object, const std::string& name, const std::string& text) {
-  // Every rewrite of a variable-length string leaves its old text behind in
-  // the file's heap; an unchanged text is therefore not written again.
-  std::string stored;
-  if (GetStringAttribute(object, name, &stored) && stored == text) {
-    Hid attr = OpenAttribute(object, name);
-    Hid storedType = attr.valid() ? TypeId(H5Aget_type(attr.get())) : Hid();
-    if (storedType.valid() && H5Tis_variable_str(storedType.get()) > 0 &&
-        H5Tget_cset(storedType.get()) == H5T_CSET_UTF8) {
-      return 0;
-    }
-  }
+  if (object < 0 || name.empty()) return -1;
   Hid type = VariableStringType(H5T_CSET_UTF8);
   Hid space = SpaceId(H5Screate(H5S_SCALAR));
   if (!type.valid() || !space.valid()) return -1;
   const char* data = text.c_str();
-  return PutAttribute(object, name, type.get(), space.get(), type.get(), &data);
+  // One look at the stored item. Every rewrite of a variable-length string
+  // leaves its old text behind in the file's heap, so an unchanged UTF-8 text
+  // is not written again; an item of the same type takes the new text in
+  // place; any other item is replaced.
+  Hid attr = OpenAttribute(object, name);
+  if (attr.valid()) {
+    Hid oldType = TypeId(H5Aget_type(attr.get()));
+    Hid oldSpace = SpaceId(H5Aget_space(attr.get()));
+    if (oldType.valid() && oldSpace.valid()) {
+      const bool scalar = H5Sget_simple_extent_type(oldSpace.get()) == H5S_SCALAR;
+      if (scalar && H5Tget_class(oldType.get()) == H5T_STRING &&
+          H5Tis_variable_str(oldType.get()) > 0 && H5Tget_cset(oldType.get()) == H5T_CSET_UTF8) {
+        Hid memType = VariableStringType(H5T_CSET_UTF8);
+        char* stored = nullptr;
+        if (memType.valid() && H5Aread(attr.get(), memType.get(), &stored) >= 0) {
+          const bool same = text == (stored ? stored : "");
+          H5free_memory(stored);
+          if (same) return 0;
+        }
+      }
+      if (H5Tequal(oldType.get(), type.get()) > 0 &&
+          H5Sextent_equal(oldSpace.get(), space.get()) > 0) {
+        return H5Awrite(attr.get(), type.get(), &data) < 0 ? -1 : 0;
+      }
+    }
+    attr.Reset();
+  }
+  attr = ReplaceAttribute(object, name, type.get(), space.get());
+  if (!attr.valid()) return -1;
+  return H5Awrite(attr.get(), type.get(), &data) < 0 ? -1 : 0;
 }
 
 bool GetStringAttribute(hid_t object, const std::string& name, std::string* text) {

@@ -42,12 +42,24 @@ Hid BoolType() {
   return type;
 }
 
+// The scalar dataspace is the same for every item: made once and kept for
+// the process (made again should the HDF5 library have been closed and
+// reopened since, which ends every identifier). A dataspace belongs to no
+// file and is not counted among a file's open objects; the bool datatype
+// would be, so it is made per item. Callers hold the HDF5 lock.
+hid_t SharedScalarSpace() {
+  static hid_t space = H5I_INVALID_HID;
+  if (space < 0 || H5Iis_valid(space) <= 0)
+    space = detail::SpaceId(H5Screate(H5S_SCALAR)).Release();
+  return space;
+}
+
 int PutScalar(hid_t table, const std::string& name, hid_t fileType, hid_t memType,
               const void* value) {
   if (!IsItemName(name)) return -1;
-  Hid space = detail::SpaceId(H5Screate(H5S_SCALAR));
-  if (!space.valid()) return -1;
-  return detail::PutAttribute(table, name, fileType, space.get(), memType, value);
+  const hid_t space = SharedScalarSpace();
+  if (space < 0) return -1;
+  return detail::PutAttribute(table, name, fileType, space, memType, value);
 }
 
 }  // namespace
@@ -151,12 +163,10 @@ bool CRSVTable::GetItem(const std::string& name, std::uint64_t* size, const void
 int CRSVTable::Flush() {
   Hdf5Lock lock(Hdf5Mutex());
   if (m_id < 0) return Note(-1);
-  Hid file(H5Iget_file_id(m_id), H5Fclose);
-  unsigned intent = 0;
-  if (!file.valid() || H5Fget_intent(file.get(), &intent) < 0) return Note(-1);
-  // A read-only file has nothing to commit.
-  if ((intent & H5F_ACC_RDWR) == 0) return 0;
-  return Note(H5Fflush(m_id, H5F_SCOPE_LOCAL) < 0 ? -1 : 0);
+  // The items are in the file's cache once set, and the file is flushed when
+  // it is closed (a failure there is reported by the tool's Close). Flushing
+  // the whole file after every table made every table wait for the disk.
+  return 0;
 }
 
 }  // namespace NVX3DRSVExTool

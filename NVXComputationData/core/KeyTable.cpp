@@ -3,7 +3,7 @@
 
 namespace nvx {
 
-const Key* FindKey(const KeyList& keys, const std::string& name, std::uint8_t use) {
+const Key* FindKey(const KeyList& keys, std::string_view name, std::uint8_t use) {
   for (const Key& key : keys) {
     if ((key.use & use) == 0) continue;
     const bool custom = key.kind == KeyKind::kCustom && key.custom->matches != nullptr;

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/CustomKey.h"
@@ -148,7 +149,7 @@ inline Key Custom(const char* name, void* field, const CustomOps& ops) {
 }
 
 // The first key named `name` that takes part in `use`, or nullptr.
-const Key* FindKey(const KeyList& keys, const std::string& name, std::uint8_t use);
+const Key* FindKey(const KeyList& keys, std::string_view name, std::uint8_t use);
 
 }  // namespace nvx
 

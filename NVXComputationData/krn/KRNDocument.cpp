@@ -1,29 +1,62 @@
 // Scanning a KRN file into the document object.
 #include "krn/KRNDocument.h"
 
+#include <cstring>
 #include <fstream>
+#include <memory>
 
 namespace {
 
 enum class LineResult { kLine, kEnd, kTooLong };
 
-// Reads one line without its end-of-line ("\n" or "\r\n"), never holding more
-// than a line's worth of characters in memory.
-LineResult ReadLine(std::streambuf* in, std::string& line) {
-  line.clear();
-  for (;;) {
-    const int c = in->sbumpc();
-    if (c == std::char_traits<char>::eof()) {
-      return line.empty() ? LineResult::kEnd : LineResult::kLine;
+// Reads a stream in blocks and hands out its lines without their end-of-line
+// ("\n" or "\r\n"). At most a block and one line are held in memory.
+class LineReader {
+ public:
+  explicit LineReader(std::streambuf* in) : m_in(in) {}
+
+  LineResult Next(std::string& line) {
+    line.clear();
+    for (;;) {
+      if (m_pos == m_size && !Fill()) {
+        // A last line without an end-of-line is taken as it stands.
+        return line.empty() ? LineResult::kEnd : LineResult::kLine;
+      }
+      const char* start = m_block + m_pos;
+      const std::size_t left = m_size - m_pos;
+      const void* nl = std::memchr(start, '\n', left);
+      const std::size_t take =
+          nl ? static_cast<std::size_t>(static_cast<const char*>(nl) - start) : left;
+      // One character of slack for the '\r' of a "\r\n" ending.
+      if (line.size() + take > CNVX3DKRNDocument::kMaxLineLength + 1) return LineResult::kTooLong;
+      line.append(start, take);
+      m_pos += take;
+      if (nl != nullptr) {
+        ++m_pos;  // the '\n'
+        return Finish(line);
+      }
     }
-    if (c == '\n') break;
-    // One character of slack for the '\r' of a "\r\n" ending.
-    if (line.size() > CNVX3DKRNDocument::kMaxLineLength) return LineResult::kTooLong;
-    line.push_back(static_cast<char>(c));
   }
-  if (!line.empty() && line.back() == '\r') line.pop_back();
-  return line.size() > CNVX3DKRNDocument::kMaxLineLength ? LineResult::kTooLong : LineResult::kLine;
-}
+
+ private:
+  static LineResult Finish(std::string& line) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    return line.size() > CNVX3DKRNDocument::kMaxLineLength ? LineResult::kTooLong
+                                                           : LineResult::kLine;
+  }
+
+  bool Fill() {
+    const std::streamsize n = m_in->sgetn(m_block, sizeof m_block);
+    m_pos = 0;
+    m_size = n > 0 ? static_cast<std::size_t>(n) : 0;
+    return m_size > 0;
+  }
+
+  std::streambuf* m_in;
+  char m_block[64 * 1024];
+  std::size_t m_pos = 0;
+  std::size_t m_size = 0;
+};
 
 // The tag whose opening line is exactly `line` (no trimming, case-sensitive).
 bool OpeningTag(const std::string& line, nvx::KrnTag* tag) {
@@ -47,9 +80,10 @@ void CNVX3DKRNDocument::Scan(std::istream& in) {
   std::streambuf* buf = in.rdbuf();
   if (buf == nullptr) return;
 
+  auto reader = std::make_unique<LineReader>(buf);
   std::string line;
   LineResult r;
-  while ((r = ReadLine(buf, line)) == LineResult::kLine) {
+  while ((r = reader->Next(line)) == LineResult::kLine) {
     nvx::KrnTag tag;
     if (line.empty() || line == "<?xml version=\"1.0\"?>" || line == "<KRN_FILE>" ||
         line == "</KRN_FILE>" || !OpeningTag(line, &tag)) {
@@ -61,7 +95,7 @@ void CNVX3DKRNDocument::Scan(std::istream& in) {
     const std::size_t begin = m_lines.size();
     const std::string close = nvx::CloseTag(tag);
     bool closed = false;
-    while ((r = ReadLine(buf, line)) == LineResult::kLine) {
+    while ((r = reader->Next(line)) == LineResult::kLine) {
       if (line == close) {
         closed = true;
         break;

@@ -1,7 +1,7 @@
 // Section lists and orders of the three document writers.
 #include "krn/KRNDocumentWriter.h"
 
-#include <sstream>
+#include <string>
 
 #include "NVXPlatform.h"
 #include "core/NVX3DComputationImpl.h"
@@ -172,8 +172,9 @@ std::vector<KrnTag> DocumentSections(DocumentWriter writer, const CNVX3DComputat
   return {};
 }
 
-bool WriteKrnDocument(DocumentWriter writer, std::ostream& os, CNVX3DComputationImpl& impl) {
-  KrnStream out(os);
+namespace {
+
+void WriteDocument(DocumentWriter writer, KrnStream& out, CNVX3DComputationImpl& impl) {
   out.Line("<?xml version=\"1.0\"?>");
   out.Line("<KRN_FILE>");
   const bool templateWriting = writer == DocumentWriter::kTemplate;
@@ -182,16 +183,29 @@ bool WriteKrnDocument(DocumentWriter writer, std::ostream& os, CNVX3DComputation
     if (const SectionDef* def = FindSection(tag)) WriteKrnSection(*def, out, impl, templateWriting);
   }
   out.Line("</KRN_FILE>");
+}
+
+}  // namespace
+
+bool WriteKrnDocument(DocumentWriter writer, std::ostream& os, CNVX3DComputationImpl& impl) {
+  std::string text;
+  KrnStream out(text);
+  WriteDocument(writer, out, impl);
+  os.write(text.data(), static_cast<std::streamsize>(text.size()));
+  os.flush();
   return static_cast<bool>(os);
 }
 
 bool WriteKrnDocument(DocumentWriter writer, const std::string& path, CNVX3DComputationImpl& impl) {
   // The document is made in memory first, so that the file is written in one
-  // go through a fresh file that replaces the old one only when complete.
-  std::ostringstream text;
-  if (!WriteKrnDocument(writer, text, impl)) return false;
+  // go through a fresh file that replaces the old one only when complete; the
+  // one flush of the whole file happens there, before the rename.
+  std::string text;
+  text.reserve(8192);
+  KrnStream out(text);
+  WriteDocument(writer, out, impl);
   std::string error;
-  switch (platform::ReplaceFileContents(path, text.str(), &error)) {
+  switch (platform::ReplaceFileContents(path, text, &error)) {
     case platform::ReplaceStatus::kDone:
       return true;
     case platform::ReplaceStatus::kCantOpen:

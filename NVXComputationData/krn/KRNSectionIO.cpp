@@ -23,9 +23,8 @@ std::size_t ReadTimes(OutputTimes& block, std::int32_t count, const std::string*
     taken = std::min<std::size_t>(static_cast<std::size_t>(count), available);
     times.reserve(taken);
     for (std::size_t i = 0; i < taken; ++i) {
-      std::string_view rest = next[i];
-      NextToken(rest, " =");  // the item number, not looked at
-      times.push_back(ParseDouble(NextToken(rest, " =")));
+      // The item number is not looked at.
+      times.push_back(ParseDouble(SplitKeyValue(next[i]).value));
     }
     count = static_cast<std::int32_t>(taken);
   }
@@ -104,7 +103,7 @@ void ReadKrnSection(const SectionDef& def, LineSpan body, CNVX3DComputationImpl&
   for (const std::string* line = body.begin(); line != body.end(); ++line) {
     const KeyValue kv = SplitKeyValue(*line);
     if (kv.key.empty()) continue;
-    const Key* key = FindKey(keys, std::string(kv.key), kKrnRead);
+    const Key* key = FindKey(keys, kv.key, kKrnRead);
     if (key == nullptr) continue;
     if (key->kind == KeyKind::kTimes) {
       line += ReadTimes(key->As<OutputTimes>(), ParseInt(kv.value), line + 1, body.end());

@@ -2,18 +2,27 @@
 // Section writers switch notation and precision and never switch back, so a
 // setting carries over into every later section until another writer changes
 // it; that carry-over decides how every double of the document is printed.
+//
+// Text goes either into a string (the document writers build the whole file
+// in memory and hand it to the file system in one write) or straight into an
+// ostream. Lines end with '\n' and never flush: a KRN file is written to a
+// fresh file that replaces the old one only once complete and flushed, so a
+// reader never sees a partial file and a flush per line would change nothing
+// but the time taken.
 #ifndef NVX_KRN_KRNSTREAM_H_
 #define NVX_KRN_KRNSTREAM_H_
 
 #include <cstdint>
 #include <ostream>
+#include <string>
 #include <string_view>
 
 namespace nvx {
 
 class KrnStream {
  public:
-  explicit KrnStream(std::ostream& os) : m_os(os) { m_os.precision(6); }
+  explicit KrnStream(std::ostream& os) : m_os(&os) {}
+  explicit KrnStream(std::string& text) : m_text(&text) {}
 
   // Notation back to general (fixed and scientific both cleared).
   void General() { m_fixed = m_scientific = false; }
@@ -28,30 +37,33 @@ class KrnStream {
   int GetPrecision() const { return m_precision; }
 
   KrnStream& Text(std::string_view s) {
-    m_os.write(s.data(), static_cast<std::streamsize>(s.size()));
+    if (m_text != nullptr) {
+      m_text->append(s.data(), s.size());
+    } else {
+      m_os->write(s.data(), static_cast<std::streamsize>(s.size()));
+    }
     return *this;
   }
-  KrnStream& Int(std::int64_t v) {
-    m_os << v;
-    return *this;
-  }
+  KrnStream& Int(std::int64_t v);
   KrnStream& Double(double v);
-  // End of line; flushes, as every line of the format does.
-  KrnStream& EndLine() {
-    m_os << std::endl;
-    return *this;
-  }
+  KrnStream& EndLine() { return Text("\n"); }
   // A whole line: text and end of line.
   KrnStream& Line(std::string_view s) { return Text(s).EndLine(); }
 
-  std::ostream& Raw() { return m_os; }
-
  private:
-  std::ostream& m_os;
+  std::ostream* m_os = nullptr;
+  std::string* m_text = nullptr;
   bool m_fixed = false;
   bool m_scientific = false;
   int m_precision = 6;
 };
+
+// `v` as the document's stream prints it with these settings: general
+// notation (printf's %g) unless one flag is set, fixed (%f) or scientific
+// (%e); a precision of 0 or less means 6 unless fixed notation is in force,
+// where it means none. Exponents have at least two digits ("1e-05").
+std::string_view FormatKrnDouble(double v, bool fixed, bool scientific, int precision,
+                                 char (&buffer)[400]);
 
 }  // namespace nvx
 
