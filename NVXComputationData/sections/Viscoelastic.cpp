@@ -58,9 +58,9 @@ constexpr double kStressCurve[][2] = {{1.16e9, 0.002}, {8.68e8, 0.05}, {1.16e8, 
 constexpr double kCuringCurve[] = {40404.2645, -170404.5539, 286722.691, -240518.5375, 100561.5854};
 constexpr double kCuringParaConst = -16765.45;
 
-void SetCurve0(CNVXPROProfile& p, const std::vector<double>& first,
-               const std::vector<double>& second) {
-  p.Curves.assign(1, CNVXPROProfile::Curve{first, second});
+void SetCurve0(CNVXPROProfile& p, std::vector<double> first, std::vector<double> second) {
+  p.Curves.clear();
+  p.Curves.push_back(CNVXPROProfile::Curve{std::move(first), std::move(second)});
 }
 
 void SetCuringCurve(CNVXPROProfile& p) {
@@ -72,8 +72,10 @@ void SetCuringCurve(CNVXPROProfile& p) {
 
 CNVX3DVECurve::CNVX3DVECurve() {
   std::vector<double> e0, t;
+  e0.reserve(std::size(kStressCurve));
+  t.reserve(std::size(kStressCurve));
   for (const auto& point : kStressCurve) e0.push_back(point[0]), t.push_back(point[1]);
-  SetCurve0(Profile, e0, t);
+  SetCurve0(Profile, std::move(e0), std::move(t));
 }
 
 CNVX3DVECuringStress::CNVX3DVECuringStress() {
