@@ -38,15 +38,6 @@ std::string Nearest(const std::string& name, const std::vector<std::string>& can
   return nvx::NearestNamesNote(name, candidates, kSuggestions);
 }
 
-std::unique_ptr<CNVX3DComputationImpl> NewImpl() {
-  auto impl = std::make_unique<CNVX3DComputationImpl>();
-  // The constructor leaves a slot null when its allocation fails.
-  if (!impl->sections.document || !impl->sections.summary || !impl->sections.fillPack) {
-    throw std::bad_alloc();
-  }
-  return impl;
-}
-
 void RequireReadableFile(const std::string& path) {
   std::error_code ec;
   if (!fs::exists(path, ec)) throw FileError(path + ": no such file", true);
@@ -130,7 +121,7 @@ void Store(const nvx::Key& key, const std::string& text) {
 
 }  // namespace
 
-ParamFile::ParamFile() : impl_(NewImpl()) {}
+ParamFile::ParamFile() : impl_(CNVX3DComputationImpl::MakeComplete()) {}
 
 bool ParamFile::Holds(nvx::KrnTag tag) const { return impl_->sections.document->IsPresent(tag); }
 

@@ -83,7 +83,7 @@ void CheckSection(const KrnFile& raw, const SectionSpan& span, std::vector<Findi
   const nvx::SectionDef* def = nvx::FindSection(span.tag);
   const std::string tag = nvx::TagName(span.tag);
   if (def == nullptr) return;
-  const auto scratch = MakeImpl();
+  const auto scratch = CNVX3DComputationImpl::MakeComplete();
   const nvx::KeyList keys = def->keys(*scratch);
   const SectionWalk walk = raw.Walk(span, keys);
   for (const StrayLine& stray : walk.stray) {

@@ -155,7 +155,7 @@ int RunNew(const Args& given) {
   }
   Params params = DefaultParams(modelKind, analysisType);
   if (fromTemplate) {
-    auto impl = MakeImpl();
+    auto impl = CNVX3DComputationImpl::MakeComplete();
     if (!impl->UserTemplateExists()) {
       Fail("there is no per-user template (" + impl->UserTemplatePath() + ")");
     }

@@ -128,7 +128,7 @@ int RunKeys(const Args& given) {
     Fail("usage: nvxparam keys [--json|--markdown] [--model-kind K] [SECTION]");
   }
   const nvx::SectionDef* only = args.empty() ? nullptr : &FindSectionNamed(args[0]);
-  const auto fresh = MakeImpl();
+  const auto fresh = CNVX3DComputationImpl::MakeComplete();
   const Params reset = DefaultParams(kind[0] - '0');
   const std::string kindName = kind == "1" ? "shell" : "solid";
 

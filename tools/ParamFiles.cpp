@@ -36,19 +36,6 @@ std::string Nearest(const std::string& name, const std::vector<std::string>& can
   return nvx::NearestNamesNote(name, candidates, kSuggestions);
 }
 
-}  // namespace
-
-std::unique_ptr<CNVX3DComputationImpl> MakeImpl() {
-  auto impl = std::make_unique<CNVX3DComputationImpl>();
-  // The constructor leaves a slot null when its allocation fails.
-  if (!impl->sections.document || !impl->sections.summary || !impl->sections.fillPack) {
-    throw std::bad_alloc();
-  }
-  return impl;
-}
-
-namespace {
-
 void RequireReadableFile(const std::string& path) {
   std::error_code ec;
   if (!fs::exists(path, ec)) Fail(path + ": no such file");
@@ -97,7 +84,7 @@ bool Params::HoldsKey(const nvx::SectionDef& def, const nvx::Key& key) const {
 }
 
 Params DefaultParams(int modelKind, int analysisType) {
-  Params params{MakeImpl(), {}, false, {}};
+  Params params{CNVX3DComputationImpl::MakeComplete(), {}, false, {}};
   NVXData data;
   data.KRNFilePath = "defaults.krn";
   data.LoadMode = 1;
@@ -148,7 +135,7 @@ CNVX3DKRNDocument& DocumentOf(CNVX3DComputationImpl& impl) { return *impl.sectio
 
 Params LoadKrn(const std::string& path) {
   RequireReadableFile(path);
-  Params params{MakeImpl(), {}, false, {}};
+  Params params{CNVX3DComputationImpl::MakeComplete(), {}, false, {}};
   params.impl->ReadKrn(path);
   const CNVX3DKRNDocument& doc = DocumentOf(*params.impl);
   bool any = false;
@@ -172,7 +159,7 @@ Params LoadRsv(const std::string& path) {
   CRSVGroup* group = tool.OpenGroup(1, 4);
   if (group == nullptr) Fail(path + " holds no computation parameters");
 
-  Params params{MakeImpl(), {}, false, {}};
+  Params params{CNVX3DComputationImpl::MakeComplete(), {}, false, {}};
   for (const nvx::SectionDef* def : nvx::AllSections()) {
     if (def->rsvTable == nullptr) continue;
     DocumentOf(*params.impl).SetPresent(def->tag, true);

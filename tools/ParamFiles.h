@@ -45,8 +45,6 @@ struct Params {
   bool HoldsKey(const nvx::SectionDef& def, const nvx::Key& key) const;
 };
 
-// A new implementation object with the constructor's values.
-std::unique_ptr<CNVX3DComputationImpl> MakeImpl();
 // The values a load with load mode 1 gives a project of `modelKind` (1 shell,
 // 2 or 3 solid) without a per-user template, and the sections a new file of
 // that kind holds.

@@ -53,6 +53,15 @@ CNVX3DComputationImpl::CNVX3DComputationImpl() {
   }
 }
 
+std::unique_ptr<CNVX3DComputationImpl> CNVX3DComputationImpl::MakeComplete() {
+  auto impl = std::make_unique<CNVX3DComputationImpl>();
+  // The constructor leaves a slot null when its allocation fails.
+  if (!impl->sections.document || !impl->sections.summary || !impl->sections.fillPack) {
+    throw std::bad_alloc();
+  }
+  return impl;
+}
+
 int CNVX3DComputationImpl::TakeOver(const NVXData& d) {
   if (d.LoadMode >= 4) return -1;
   if (d.KRNFilePath.empty()) return -2;

@@ -77,6 +77,10 @@ enum NVXPage {
 class CNVX3DComputationImpl {
  public:
   CNVX3DComputationImpl();
+  // A new object whose document, summary and fill/pack records exist; throws
+  // std::bad_alloc otherwise. For callers outside the facade (the tool, the
+  // Python module), which need those records.
+  static std::unique_ptr<CNVX3DComputationImpl> MakeComplete();
   CNVX3DComputationImpl(const CNVX3DComputationImpl&) = delete;
   CNVX3DComputationImpl& operator=(const CNVX3DComputationImpl&) = delete;
 
