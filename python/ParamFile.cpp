@@ -291,8 +291,7 @@ void ParamFile::WriteRsv(const std::string& path) {
     errno = 0;
     bool written = false;
     try {
-      written = nvx::WriteRsvTables(fresh, *impl_) &&
-                nvx::WriteComputationReport(fresh, nvx::GatherReport(*impl_)) == 1;
+      written = nvx::WriteRsvFile(fresh, *impl_);
     } catch (const std::exception& e) {
       *error = "writing the parameters into " + path + " failed: " + e.what();
       return false;

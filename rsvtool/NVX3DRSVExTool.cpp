@@ -108,6 +108,7 @@ struct CRSVTool::State {
   // Declared first so that it is restored after everything else is released.
   detail::ErrorSilencer silencer;
   Hid file;
+  Hid linkAccess;  // made with the file: links are followed inside it only
   std::vector<std::unique_ptr<CRSVGroup>> groups;
   std::vector<std::unique_ptr<CRSVTable>> tables;
   std::vector<std::unique_ptr<CRSVArray>> arrays;
@@ -158,7 +159,7 @@ struct CRSVTool::State {
     Hid current = detail::ObjectId(H5Oopen(file.get(), "/", H5P_DEFAULT));
     for (const char* name : path) {
       if (!current.valid()) return nullptr;
-      current = detail::OpenChild(current.get(), name, H5I_GROUP);
+      current = detail::OpenChild(current.get(), name, H5I_GROUP, linkAccess.get());
     }
     return current.valid() ? AddGroup(std::move(current)) : nullptr;
   }
@@ -190,7 +191,8 @@ int CRSVTool::Create(const std::string& path, unsigned a, unsigned b, unsigned c
   std::error_code ec;
   if (std::filesystem::exists(std::filesystem::symlink_status(path, ec))) return -1;
   Hid fapl = FileAccess();
-  if (!fapl.valid()) return -1;
+  Hid lapl = detail::InFileLinkAccess();
+  if (!fapl.valid() || !lapl.valid()) return -1;
   Hid file(H5Fcreate(path.c_str(), H5F_ACC_EXCL, H5P_DEFAULT, fapl.get()), H5Fclose);
   if (!file.valid()) return -1;
 
@@ -209,6 +211,8 @@ int CRSVTool::Create(const std::string& path, unsigned a, unsigned b, unsigned c
     return -1;
   }
   m_state->file = std::move(file);
+  m_state->linkAccess = std::move(lapl);
+  detail::CheckSharedIds();
   m_state->failures = 0;
   m_readOnly = false;
   return 0;
@@ -225,13 +229,16 @@ int CRSVTool::OpenFile(const std::string& path, bool writable) {
   // file gets a superblock), so the signature is checked first.
   if (path.empty() || H5Fis_hdf5(path.c_str()) <= 0) return -1;
   Hid fapl = FileAccess();
-  if (!fapl.valid()) return -1;
+  Hid lapl = detail::InFileLinkAccess();
+  if (!fapl.valid() || !lapl.valid()) return -1;
   Hid file;
   if (writable) file = Hid(H5Fopen(path.c_str(), H5F_ACC_RDWR, fapl.get()), H5Fclose);
   const bool readOnly = !file.valid();
   if (readOnly) file = Hid(H5Fopen(path.c_str(), H5F_ACC_RDONLY, fapl.get()), H5Fclose);
   if (!file.valid()) return -1;
   m_state->file = std::move(file);
+  m_state->linkAccess = std::move(lapl);
+  detail::CheckSharedIds();
   m_state->failures = 0;
   m_readOnly = readOnly;
   return 0;
@@ -248,6 +255,7 @@ int CRSVTool::Close() {
   }
   s.compounds.clear();
   s.building = -1;
+  s.linkAccess.Reset();
   if (s.file.valid()) {
     const hid_t file = s.file.Release();
     // A failed close (a full disk while flushing) leaves HDF5 with a file it
@@ -259,6 +267,11 @@ int CRSVTool::Close() {
   s.failures = 0;
   m_readOnly = false;
   return failures == 0 ? 0 : -1;
+}
+
+int CRSVTool::FailureCount() const {
+  Hdf5Lock lock(Hdf5Mutex());
+  return m_state->failures;
 }
 
 CRSVGroup* CRSVTool::OpenGroup(int group) { return OpenGroup(group, 0); }
@@ -280,7 +293,8 @@ static std::string GroupName(std::string name) {
 CRSVGroup* CRSVTool::OpenGroup(CRSVGroup* parent, std::string name) {
   Hdf5Lock lock(Hdf5Mutex());
   name = GroupName(std::move(name));
-  Hid group = detail::OpenChild(m_state->GroupHandle(parent), name, H5I_GROUP);
+  Hid group =
+      detail::OpenChild(m_state->GroupHandle(parent), name, H5I_GROUP, m_state->linkAccess.get());
   return group.valid() ? m_state->AddGroup(std::move(group)) : nullptr;
 }
 
@@ -301,8 +315,9 @@ int CRSVTool::CloseGroup(CRSVGroup* group) {
 
 CRSVTable* CRSVTool::OpenTable(CRSVGroup* group, const std::string& name) {
   Hdf5Lock lock(Hdf5Mutex());
-  Hid dataset = detail::OpenChild(m_state->GroupHandle(group), name, H5I_DATASET);
-  if (!dataset.valid() || !detail::HasMarker(dataset.get(), detail::kTableMarker)) return nullptr;
+  Hid dataset =
+      detail::OpenChild(m_state->GroupHandle(group), name, H5I_DATASET, m_state->linkAccess.get());
+  if (!dataset.valid() || !detail::IsTable(dataset.get())) return nullptr;
   return m_state->Own(m_state->tables, dataset);
 }
 
@@ -330,7 +345,8 @@ int CRSVTool::CloseTable(CRSVTable* table) {
 
 CRSVArray* CRSVTool::OpenArray(CRSVGroup* group, const std::string& name) {
   Hdf5Lock lock(Hdf5Mutex());
-  Hid dataset = detail::OpenChild(m_state->GroupHandle(group), name, H5I_DATASET);
+  Hid dataset =
+      detail::OpenChild(m_state->GroupHandle(group), name, H5I_DATASET, m_state->linkAccess.get());
   if (!dataset.valid()) return nullptr;
   // Tables and other marked datasets are not arrays; unmarked two-dimensional
   // datasets written by other programs are read as arrays as well.

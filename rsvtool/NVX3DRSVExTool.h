@@ -170,6 +170,9 @@ class CRSVTool {
   // file on disk may then be incomplete.
   int Close();
   bool IsReadOnly() const { return m_readOnly; }
+  // Failed writes, flushes and closes since Create/Open, as Close will report
+  // them; a caller can stop early without closing first.
+  int FailureCount() const;
   // Whether `path` is an HDF5 file; reads its signature and changes nothing.
   static bool IsHdf5File(const std::string& path);
 

@@ -76,17 +76,27 @@ bool IsLinkName(const std::string& name) {
   return !name.empty() && name != "." && name.find('/') == std::string::npos;
 }
 
-Hid OpenChild(hid_t loc, const std::string& name, H5I_type_t kind) {
-  if (loc < 0 || !IsLinkName(name)) return {};
-  // The link's information is also the existence check (it fails for a
-  // missing name). External links would silently open other files; only
-  // links inside this file count.
-  H5L_info_t info;
-  if (H5Lget_info(loc, name.c_str(), &info, H5P_DEFAULT) < 0 ||
-      (info.type != H5L_TYPE_HARD && info.type != H5L_TYPE_SOFT)) {
-    return {};
-  }
-  Hid object = ObjectId(H5Oopen(loc, name.c_str(), H5P_DEFAULT));
+namespace {
+
+herr_t RefuseExternalLink(const char*, const char*, const char*, const char*, unsigned*, hid_t,
+                          void*) {
+  return -1;
+}
+
+}  // namespace
+
+Hid InFileLinkAccess() {
+  Hid lapl = PlistId(H5Pcreate(H5P_LINK_ACCESS));
+  if (!lapl.valid() || H5Pset_elink_cb(lapl.get(), RefuseExternalLink, nullptr) < 0) return {};
+  return lapl;
+}
+
+// Opening is the existence check (it fails for a missing name); `lapl` keeps
+// it inside this file, where a separate look at the link would cost as much
+// as the opening itself.
+Hid OpenChild(hid_t loc, const std::string& name, H5I_type_t kind, hid_t lapl) {
+  if (loc < 0 || lapl < 0 || !IsLinkName(name)) return {};
+  Hid object = ObjectId(H5Oopen(loc, name.c_str(), lapl));
   if (!object.valid() || H5Iget_type(object.get()) != kind) return {};
   return object;
 }
@@ -112,8 +122,7 @@ Hid ReplaceAttribute(hid_t object, const std::string& name, hid_t type, hid_t sp
 int PutAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t space, hid_t memType,
                  const void* buffer) {
   if (object < 0 || name.empty() || fileType < 0 || space < 0 || memType < 0) return -1;
-  const bool nullSpace = H5Sget_simple_extent_type(space) == H5S_NULL;
-  if (!nullSpace && buffer == nullptr) return -1;
+  const bool nullSpace = buffer == nullptr;
 
   Hid attr = OpenAttribute(object, name);
   if (attr.valid()) {
@@ -133,8 +142,8 @@ int PutAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t sp
 }
 
 bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
-                        std::initializer_list<H5T_class_t> classes, void* out) {
-  if (out == nullptr || memType < 0) return false;
+                        std::initializer_list<H5T_class_t> classes, std::size_t size, void* out) {
+  if (out == nullptr || memType < 0 || size == 0 || size > kMaxScalarSize) return false;
   Hid attr = OpenAttribute(object, name);
   if (!attr.valid()) return false;
   Hid type = TypeId(H5Aget_type(attr.get()));
@@ -145,12 +154,8 @@ bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
   const H5T_class_t cls = H5Tget_class(type.get());
   if (std::find(classes.begin(), classes.end(), cls) == classes.end()) return false;
 
-  const size_t size = H5Tget_size(memType);
-  if (size == 0) return false;
   // Read into a staging buffer so `out` stays untouched when the read fails.
-  unsigned char small[16];
-  std::vector<unsigned char> large(size > sizeof small ? size : 0);
-  unsigned char* staging = size > sizeof small ? large.data() : small;
+  unsigned char staging[kMaxScalarSize];
   if (H5Aread(attr.get(), memType, staging) < 0) return false;
   std::memcpy(out, staging, size);
   return true;
@@ -231,9 +236,21 @@ bool GetStringAttribute(hid_t object, const std::string& name, std::string* text
   return true;
 }
 
-bool HasMarker(hid_t object, const char* marker) {
-  std::string value;
-  return GetStringAttribute(object, kMarkerName, &value) && value == marker;
+bool IsTable(hid_t dataset) {
+  Hid space = SpaceId(H5Dget_space(dataset));
+  return space.valid() && H5Sget_simple_extent_type(space.get()) == H5S_NULL;
+}
+
+namespace {
+hid_t g_scalarSpace = H5I_INVALID_HID;
+}  // namespace
+
+hid_t ScalarSpace() { return g_scalarSpace; }
+
+void CheckSharedIds() {
+  if (g_scalarSpace < 0 || H5Iis_valid(g_scalarSpace) <= 0) {
+    g_scalarSpace = SpaceId(H5Screate(H5S_SCALAR)).Release();
+  }
 }
 
 }  // namespace detail

@@ -5,6 +5,7 @@
 
 #include <hdf5.h>
 
+#include <cstddef>
 #include <initializer_list>
 #include <mutex>
 #include <string>
@@ -92,24 +93,39 @@ class ErrorSilencer {
 // A single link name: not empty, no path separator, not ".".
 bool IsLinkName(const std::string& name);
 
-// Opens the object `name` directly below `loc` when it exists, is reached through
-// a link inside this file and is of HDF5 kind `kind`; invalid otherwise.
-Hid OpenChild(hid_t loc, const std::string& name, H5I_type_t kind);
+// A link access property list that refuses to follow external links, which
+// would silently open other files; links inside the file are followed.
+Hid InFileLinkAccess();
+
+// Opens the object `name` directly below `loc` when it exists, is reached
+// through links inside this file (`lapl` from InFileLinkAccess) and is of HDF5
+// kind `kind`; invalid otherwise.
+Hid OpenChild(hid_t loc, const std::string& name, H5I_type_t kind, hid_t lapl);
 
 // Opens attribute `name` of `object` when it exists; invalid otherwise.
 Hid OpenAttribute(hid_t object, const std::string& name);
 
 // Writes attribute `name` of `object` with the given file type and dataspace from
-// `buffer` in `memType` (nothing is written for a null dataspace). An attribute
-// of the same name is overwritten in place when its type and extent match, and
-// deleted and recreated otherwise. Returns 0 on success.
+// `buffer` in `memType`; a null `buffer` stands for a null dataspace, of which
+// nothing is written. An attribute of the same name is overwritten in place
+// when its type and extent match, and deleted and recreated otherwise.
+// Returns 0 on success.
 int PutAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t space, hid_t memType,
                  const void* buffer);
 
-// Reads a scalar attribute into `out` through `memType` when its type class is one
-// of `classes`; `out` is untouched on failure.
+// Reads a scalar attribute into `out` through `memType`, a memory type of
+// `size` bytes (at most kMaxScalarSize), when its type class is one of
+// `classes`; `out` is untouched on failure. The typed form below passes the
+// size of its target.
+constexpr std::size_t kMaxScalarSize = 16;
 bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
-                        std::initializer_list<H5T_class_t> classes, void* out);
+                        std::initializer_list<H5T_class_t> classes, std::size_t size, void* out);
+template <class T>
+bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
+                        std::initializer_list<H5T_class_t> classes, T* out) {
+  static_assert(sizeof(T) <= kMaxScalarSize, "a scalar item of at most 16 bytes");
+  return GetScalarAttribute(object, name, memType, classes, sizeof(T), out);
+}
 
 // Scalar string attributes; written as variable-length UTF-8 (left alone when
 // they already hold `text`, so that rewriting the same text leaves no garbage
@@ -117,8 +133,18 @@ bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
 int PutStringAttribute(hid_t object, const std::string& name, const std::string& text);
 bool GetStringAttribute(hid_t object, const std::string& name, std::string* text);
 
-// Whether `object` carries the marker attribute with value `marker`.
-bool HasMarker(hid_t object, const char* marker);
+// Whether the dataset `dataset` is a table, which is the only kind of dataset
+// stored with a null dataspace (arrays never are). The marker is not looked
+// up: finding an attribute by name costs as much as the rest of the opening.
+bool IsTable(hid_t dataset);
+
+// The scalar dataspace shared by every scalar item, made once for the process
+// (a dataspace belongs to no file). CheckSharedIds makes it again should the
+// library have been closed and reopened since, which ends every identifier;
+// the tool calls it once per file it opens, so items need no check of their
+// own. Callers hold the HDF5 lock.
+hid_t ScalarSpace();
+void CheckSharedIds();
 
 }  // namespace detail
 }  // namespace NVX3DRSVExTool

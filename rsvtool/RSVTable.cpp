@@ -42,22 +42,10 @@ Hid BoolType() {
   return type;
 }
 
-// The scalar dataspace is the same for every item: made once and kept for
-// the process (made again should the HDF5 library have been closed and
-// reopened since, which ends every identifier). A dataspace belongs to no
-// file and is not counted among a file's open objects; the bool datatype
-// would be, so it is made per item. Callers hold the HDF5 lock.
-hid_t SharedScalarSpace() {
-  static hid_t space = H5I_INVALID_HID;
-  if (space < 0 || H5Iis_valid(space) <= 0)
-    space = detail::SpaceId(H5Screate(H5S_SCALAR)).Release();
-  return space;
-}
-
 int PutScalar(hid_t table, const std::string& name, hid_t fileType, hid_t memType,
               const void* value) {
   if (!IsItemName(name)) return -1;
-  const hid_t space = SharedScalarSpace();
+  const hid_t space = detail::ScalarSpace();
   if (space < 0) return -1;
   return detail::PutAttribute(table, name, fileType, space, memType, value);
 }
@@ -95,7 +83,8 @@ int CRSVTable::SetItem(const std::string& name, std::uint64_t size, const void* 
   const hsize_t dims[1] = {static_cast<hsize_t>(size)};
   Hid space = detail::SpaceId(size == 0 ? H5Screate(H5S_NULL) : H5Screate_simple(1, dims, nullptr));
   if (!space.valid()) return Note(-1);
-  return Note(detail::PutAttribute(m_id, name, H5T_STD_U8LE, space.get(), H5T_NATIVE_UINT8, bytes));
+  return Note(detail::PutAttribute(m_id, name, H5T_STD_U8LE, space.get(), H5T_NATIVE_UINT8,
+                                   size == 0 ? nullptr : bytes));
 }
 
 bool CRSVTable::GetItem(const std::string& name, int* value) {

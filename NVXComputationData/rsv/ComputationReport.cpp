@@ -79,14 +79,9 @@ void Report(bool ok, const char* message) {
 
 }  // namespace
 
-int WriteComputationReport(const std::string& path, const ReportContent& content) {
-  CRSVTool tool;
-  if (tool.Create(path, 4, 1, 0) != 0 && tool.Open(path) != 0) return 0;
+int WriteComputationReport(CRSVTool& tool, const ReportContent& content) {
   CRSVGroup* top = tool.OpenGroup(1, 7);
-  if (top == nullptr) {
-    tool.Close();
-    return 1;
-  }
+  if (top == nullptr) return 1;
   const int rowType = tool.BeginCreateCompoundDataType(kReportRowSize);
   if (rowType < 0) return 0;
   tool.AddCompoundDataTypeMember("ID", kIdType, 0);
@@ -112,8 +107,15 @@ int WriteComputationReport(const std::string& path, const ReportContent& content
          kAttributeFail);
   tool.CloseGroup(attributeGroup);
   tool.CloseGroup(top);
-  tool.Close();
   return 1;
+}
+
+int WriteComputationReport(const std::string& path, const ReportContent& content) {
+  CRSVTool tool;
+  if (tool.Create(path, 4, 1, 0) != 0 && tool.Open(path) != 0) return 0;
+  const int result = WriteComputationReport(tool, content);
+  tool.Close();
+  return result;
 }
 
 }  // namespace nvx

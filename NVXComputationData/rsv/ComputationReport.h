@@ -18,6 +18,9 @@
 #include <vector>
 
 class CNVX3DComputationImpl;
+namespace NVX3DRSVExTool {
+class CRSVTool;
+}
 
 namespace nvx {
 
@@ -44,6 +47,9 @@ ReportContent GatherReport(const CNVX3DComputationImpl& impl);
 // reached, 0 when it could not or the row type could not be made. A writer
 // that fails shows its message box and the report goes on with the next.
 int WriteComputationReport(const std::string& path, const ReportContent& content);
+
+// The same into the file `tool` holds open for writing; the tool stays open.
+int WriteComputationReport(NVX3DRSVExTool::CRSVTool& tool, const ReportContent& content);
 
 }  // namespace nvx
 

@@ -11,9 +11,10 @@
 using NVX3DRSVExTool::CRSVGroup;
 using NVX3DRSVExTool::CRSVTool;
 
-// The tool counts every failed table write, flush and close; its Close
-// reports them.
-bool nvx::WriteRsvTables(const std::string& path, CNVX3DComputationImpl& impl) {
+// Tables and report share one open of the file: opening an HDF5 file builds
+// its whole metadata cache, which costs as much as writing a few tables. The
+// tool counts every failed write, flush and close; its Close reports them.
+bool nvx::WriteRsvFile(const std::string& path, CNVX3DComputationImpl& impl) {
   CRSVTool tool;
   if (tool.Create(path, 4, 1, 0) != 0 && tool.Open(path) != 0) return false;
   // A file that opened only for reading cannot take the tables.
@@ -30,7 +31,13 @@ bool nvx::WriteRsvTables(const std::string& path, CNVX3DComputationImpl& impl) {
   }
   nvx::WriteParameterTables(tool, group, impl);
   tool.CloseGroup(group);
-  return tool.Close() == 0;
+  // Tables that did not reach the file get no report beside them.
+  if (tool.FailureCount() != 0) {
+    tool.Close();
+    return false;
+  }
+  const int report = nvx::WriteComputationReport(tool, nvx::GatherReport(impl));
+  return tool.Close() == 0 && report == 1;
 }
 
 namespace {
@@ -54,9 +61,7 @@ void ReadTables(const std::string& path, CNVX3DComputationImpl& impl) {
 bool CNVX3DComputation::WriteRSVFile() {
   if (m_pImpl == nullptr) return false;
   try {
-    if (!nvx::WriteRsvTables(m_pImpl->rsvPath, *m_pImpl)) return false;
-    // The computation report goes into the same file; its result is the call's.
-    return nvx::WriteComputationReport(m_pImpl->rsvPath, nvx::GatherReport(*m_pImpl)) == 1;
+    return nvx::WriteRsvFile(m_pImpl->rsvPath, *m_pImpl);
   } catch (const std::out_of_range&) {
     throw;
   } catch (const std::exception&) {

@@ -44,9 +44,12 @@ void ReadSectionTable(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup*
 void SizeTimesFromTable(const SectionDef& def, NVX3DRSVExTool::CRSVTable& table,
                         CNVX3DComputationImpl& impl);
 
-// The parameter tables into the RSV file `path` (created when missing); false
-// when the file cannot be had or a table write, flush or close failed.
-bool WriteRsvTables(const std::string& path, CNVX3DComputationImpl& impl);
+// The parameter tables, then the computation report, into the RSV file `path`
+// (created when missing). False when the file cannot be had, when a table
+// write failed (the report is then left out), or when any write of tables or
+// report, the flush or the close failed; a failed report row has shown its
+// message box as well.
+bool WriteRsvFile(const std::string& path, CNVX3DComputationImpl& impl);
 
 }  // namespace nvx
 
