@@ -53,9 +53,7 @@ Hid FileAccess() {
 }
 
 int PutUnsignedAttribute(hid_t object, const char* name, unsigned value) {
-  Hid space = detail::SpaceId(H5Screate(H5S_SCALAR));
-  if (!space.valid()) return -1;
-  return detail::PutAttribute(object, name, H5T_STD_U32LE, space.get(), H5T_NATIVE_UINT, &value);
+  return detail::PutScalarAttribute(object, name, H5T_STD_U32LE, H5T_NATIVE_UINT, &value);
 }
 
 bool MakeGroup(hid_t parent, const char* name) {
@@ -185,6 +183,7 @@ int CRSVTool::Create(const std::string& path, unsigned a, unsigned b, unsigned c
   Hdf5Lock lock(Hdf5Mutex());
   if (m_state->file.valid()) Close();
   if (path.empty()) return -1;
+  detail::CheckSharedIds();
   // Exclusive creation: an existing file, RSV or not, is never overwritten.
   // Callers try Create before Open on every write, so a name already taken
   // is refused here without starting HDF5's create (which would fail too).
@@ -212,7 +211,6 @@ int CRSVTool::Create(const std::string& path, unsigned a, unsigned b, unsigned c
   }
   m_state->file = std::move(file);
   m_state->linkAccess = std::move(lapl);
-  detail::CheckSharedIds();
   m_state->failures = 0;
   m_readOnly = false;
   return 0;
@@ -228,6 +226,7 @@ int CRSVTool::OpenFile(const std::string& path, bool writable) {
   // Opening anything but an HDF5 file for writing would make it one (an empty
   // file gets a superblock), so the signature is checked first.
   if (path.empty() || H5Fis_hdf5(path.c_str()) <= 0) return -1;
+  detail::CheckSharedIds();
   Hid fapl = FileAccess();
   Hid lapl = detail::InFileLinkAccess();
   if (!fapl.valid() || !lapl.valid()) return -1;
@@ -238,7 +237,6 @@ int CRSVTool::OpenFile(const std::string& path, bool writable) {
   if (!file.valid()) return -1;
   m_state->file = std::move(file);
   m_state->linkAccess = std::move(lapl);
-  detail::CheckSharedIds();
   m_state->failures = 0;
   m_readOnly = readOnly;
   return 0;

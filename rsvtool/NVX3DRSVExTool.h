@@ -19,7 +19,13 @@
 //    int -> 32-bit signed int, double -> IEEE double, bool -> the HDF5 enum
 //    {FALSE=0, TRUE=1} over int8 (read by h5py as numpy bool), string ->
 //    variable-length UTF-8 string, byte block -> one-dimensional uint8 array
-//    (an empty block is stored as a null-dataspace uint8 attribute).
+//    (an empty block is stored as a null-dataspace uint8 attribute). Opening
+//    takes any dataset with a null dataspace for a table (arrays never have
+//    one). A number or bool item holding one value as a one-element array, as
+//    other programs may store it, is read as that value and overwritten in
+//    place.
+//  * Objects are reached through links inside the file only: an external
+//    link is never followed (it would open another file).
 //  * An array is a chunked dataset with unlimited maximum dimensions (rows, cols)
 //    and the attribute "NVXObject" = "ARRAY". Element type codes: 3 = 32-bit
 //    signed int, 8 = double; any id returned by BeginCreateCompoundDataType whose

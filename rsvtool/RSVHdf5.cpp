@@ -141,18 +141,49 @@ int PutAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t sp
   return H5Awrite(attr.get(), memType, buffer) < 0 ? -1 : 0;
 }
 
+namespace {
+
+// Whether the open attribute `attr`, of a fixed-size type of `size` bytes,
+// holds exactly one value. Its stored size tells that without a copy of its
+// dataspace, which costs as much as the write of the value itself.
+bool HoldsOneValue(hid_t attr, std::size_t size) {
+  return size > 0 && H5Aget_storage_size(attr) == size;
+}
+
+}  // namespace
+
+int PutScalarAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t memType,
+                       std::size_t size, const void* value) {
+  const hid_t space = ScalarSpace();
+  if (object < 0 || name.empty() || fileType < 0 || memType < 0 || space < 0 || value == nullptr) {
+    return -1;
+  }
+  Hid attr = OpenAttribute(object, name);
+  if (attr.valid()) {
+    Hid oldType = TypeId(H5Aget_type(attr.get()));
+    if (oldType.valid() && H5Tequal(oldType.get(), fileType) > 0 &&
+        HoldsOneValue(attr.get(), size)) {
+      return H5Awrite(attr.get(), memType, value) < 0 ? -1 : 0;
+    }
+    attr.Reset();
+  }
+  attr = ReplaceAttribute(object, name, fileType, space);
+  if (!attr.valid()) return -1;
+  return H5Awrite(attr.get(), memType, value) < 0 ? -1 : 0;
+}
+
 bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
                         std::initializer_list<H5T_class_t> classes, std::size_t size, void* out) {
   if (out == nullptr || memType < 0 || size == 0 || size > kMaxScalarSize) return false;
   Hid attr = OpenAttribute(object, name);
   if (!attr.valid()) return false;
   Hid type = TypeId(H5Aget_type(attr.get()));
-  Hid space = SpaceId(H5Aget_space(attr.get()));
-  if (!type.valid() || !space.valid()) return false;
-  // A scalar dataspace guarantees the read fills exactly one element of `out`.
-  if (H5Sget_simple_extent_type(space.get()) != H5S_SCALAR) return false;
+  if (!type.valid()) return false;
+  // Numbers and enums are of fixed size; one value of them fills exactly one
+  // element of `out`.
   const H5T_class_t cls = H5Tget_class(type.get());
   if (std::find(classes.begin(), classes.end(), cls) == classes.end()) return false;
+  if (!HoldsOneValue(attr.get(), H5Tget_size(type.get()))) return false;
 
   // Read into a staging buffer so `out` stays untouched when the read fails.
   unsigned char staging[kMaxScalarSize];
@@ -162,41 +193,33 @@ bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
 }
 
 int PutStringAttribute(hid_t object, const std::string& name, const std::string& text) {
-  if (object < 0 || name.empty()) return -1;
-  Hid type = VariableStringType(H5T_CSET_UTF8);
-  Hid space = SpaceId(H5Screate(H5S_SCALAR));
-  if (!type.valid() || !space.valid()) return -1;
+  const hid_t type = Utf8StringType();
+  const hid_t space = ScalarSpace();
+  if (object < 0 || name.empty() || type < 0 || space < 0) return -1;
   const char* data = text.c_str();
   // One look at the stored item. Every rewrite of a variable-length string
-  // leaves its old text behind in the file's heap, so an unchanged UTF-8 text
-  // is not written again; an item of the same type takes the new text in
+  // leaves its old text behind in the file's heap, so an unchanged text of
+  // this very type is not written again and a changed one is written in
   // place; any other item is replaced.
   Hid attr = OpenAttribute(object, name);
   if (attr.valid()) {
     Hid oldType = TypeId(H5Aget_type(attr.get()));
     Hid oldSpace = SpaceId(H5Aget_space(attr.get()));
-    if (oldType.valid() && oldSpace.valid()) {
-      const bool scalar = H5Sget_simple_extent_type(oldSpace.get()) == H5S_SCALAR;
-      if (scalar && H5Tget_class(oldType.get()) == H5T_STRING &&
-          H5Tis_variable_str(oldType.get()) > 0 && H5Tget_cset(oldType.get()) == H5T_CSET_UTF8) {
-        Hid memType = VariableStringType(H5T_CSET_UTF8);
-        char* stored = nullptr;
-        if (memType.valid() && H5Aread(attr.get(), memType.get(), &stored) >= 0) {
-          const bool same = text == (stored ? stored : "");
-          H5free_memory(stored);
-          if (same) return 0;
-        }
+    if (oldType.valid() && oldSpace.valid() && H5Tequal(oldType.get(), type) > 0 &&
+        H5Sget_simple_extent_type(oldSpace.get()) == H5S_SCALAR) {
+      char* stored = nullptr;
+      if (H5Aread(attr.get(), type, &stored) >= 0) {
+        const bool same = text == (stored ? stored : "");
+        H5free_memory(stored);
+        if (same) return 0;
       }
-      if (H5Tequal(oldType.get(), type.get()) > 0 &&
-          H5Sextent_equal(oldSpace.get(), space.get()) > 0) {
-        return H5Awrite(attr.get(), type.get(), &data) < 0 ? -1 : 0;
-      }
+      return H5Awrite(attr.get(), type, &data) < 0 ? -1 : 0;
     }
     attr.Reset();
   }
-  attr = ReplaceAttribute(object, name, type.get(), space.get());
+  attr = ReplaceAttribute(object, name, type, space);
   if (!attr.valid()) return -1;
-  return H5Awrite(attr.get(), type.get(), &data) < 0 ? -1 : 0;
+  return H5Awrite(attr.get(), type, &data) < 0 ? -1 : 0;
 }
 
 bool GetStringAttribute(hid_t object, const std::string& name, std::string* text) {
@@ -215,9 +238,10 @@ bool GetStringAttribute(hid_t object, const std::string& name, std::string* text
   if (cset < 0 || variable < 0) return false;
 
   if (variable > 0) {
-    Hid memType = VariableStringType(cset);
+    Hid own = cset == H5T_CSET_UTF8 ? Hid() : VariableStringType(cset);
+    const hid_t memType = cset == H5T_CSET_UTF8 ? Utf8StringType() : own.get();
     char* data = nullptr;
-    if (!memType.valid() || H5Aread(attr.get(), memType.get(), &data) < 0) return false;
+    if (memType < 0 || H5Aread(attr.get(), memType, &data) < 0) return false;
     std::string value = data ? data : "";
     H5free_memory(data);
     *text = std::move(value);
@@ -242,15 +266,54 @@ bool IsTable(hid_t dataset) {
 }
 
 namespace {
-hid_t g_scalarSpace = H5I_INVALID_HID;
+
+// bool items: the enum {FALSE = 0, TRUE = 1} over int8, which is how numpy
+// bools are commonly stored and read back.
+Hid MakeBoolType() {
+  Hid type = TypeId(H5Tenum_create(H5T_NATIVE_INT8));
+  if (!type.valid()) return {};
+  const signed char no = 0;
+  const signed char yes = 1;
+  if (H5Tenum_insert(type.get(), "FALSE", &no) < 0 ||
+      H5Tenum_insert(type.get(), "TRUE", &yes) < 0) {
+    return {};
+  }
+  return type;
+}
+
+struct SharedIds {
+  hid_t scalarSpace = H5I_INVALID_HID;
+  hid_t boolType = H5I_INVALID_HID;
+  hid_t utf8Type = H5I_INVALID_HID;
+  ItemTypes predefined;
+};
+SharedIds g_shared;
+
+void Renew(hid_t* id, Hid (*make)()) {
+  if (*id < 0 || H5Iis_valid(*id) <= 0) *id = make().Release();
+}
+
+// A locked datatype is read-only, as HDF5's predefined ones are: it cannot
+// be changed or closed, and it is not counted among the open objects a host
+// may look at to find leaks. The library frees it when it closes.
+Hid Locked(Hid type) {
+  if (!type.valid() || H5Tlock(type.get()) < 0) return {};
+  return Hid(type.Release(), nullptr);
+}
+
 }  // namespace
 
-hid_t ScalarSpace() { return g_scalarSpace; }
+hid_t ScalarSpace() { return g_shared.scalarSpace; }
+hid_t BoolType() { return g_shared.boolType; }
+hid_t Utf8StringType() { return g_shared.utf8Type; }
+const ItemTypes& PredefinedItemTypes() { return g_shared.predefined; }
 
 void CheckSharedIds() {
-  if (g_scalarSpace < 0 || H5Iis_valid(g_scalarSpace) <= 0) {
-    g_scalarSpace = SpaceId(H5Screate(H5S_SCALAR)).Release();
-  }
+  Renew(&g_shared.scalarSpace, [] { return SpaceId(H5Screate(H5S_SCALAR)); });
+  Renew(&g_shared.boolType, [] { return Locked(MakeBoolType()); });
+  Renew(&g_shared.utf8Type, [] { return Locked(VariableStringType(H5T_CSET_UTF8)); });
+  g_shared.predefined = {H5T_STD_I32LE,     H5T_NATIVE_INT, H5T_IEEE_F64LE,
+                         H5T_NATIVE_DOUBLE, H5T_STD_U8LE,   H5T_NATIVE_UINT8};
 }
 
 }  // namespace detail

@@ -113,10 +113,24 @@ Hid OpenAttribute(hid_t object, const std::string& name);
 int PutAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t space, hid_t memType,
                  const void* buffer);
 
-// Reads a scalar attribute into `out` through `memType`, a memory type of
-// `size` bytes (at most kMaxScalarSize), when its type class is one of
-// `classes`; `out` is untouched on failure. The typed form below passes the
-// size of its target.
+// Writes attribute `name` of `object` as one value: `value` in `memType`, stored
+// as `fileType` (both of `size` bytes) with a scalar dataspace. An attribute
+// of that type holding one value is overwritten in place (its dataspace kept:
+// scalar, or one element as h5py stores a one-element array), any other is
+// deleted and recreated. Returns 0 on success. The typed form passes the
+// size of its value.
+int PutScalarAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t memType,
+                       std::size_t size, const void* value);
+template <class T>
+int PutScalarAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t memType,
+                       const T* value) {
+  return PutScalarAttribute(object, name, fileType, memType, sizeof(T), value);
+}
+
+// Reads an attribute holding one value (scalar, or an array of one element)
+// into `out` through `memType`, a memory type of `size` bytes (at most
+// kMaxScalarSize), when its type class is one of `classes`; `out` is untouched
+// on failure. The typed form passes the size of its target.
 constexpr std::size_t kMaxScalarSize = 16;
 bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
                         std::initializer_list<H5T_class_t> classes, std::size_t size, void* out);
@@ -138,13 +152,30 @@ bool GetStringAttribute(hid_t object, const std::string& name, std::string* text
 // up: finding an attribute by name costs as much as the rest of the opening.
 bool IsTable(hid_t dataset);
 
-// The scalar dataspace shared by every scalar item, made once for the process
-// (a dataspace belongs to no file). CheckSharedIds makes it again should the
-// library have been closed and reopened since, which ends every identifier;
-// the tool calls it once per file it opens, so items need no check of their
-// own. Callers hold the HDF5 lock.
+// Identifiers every item uses, made once for the process (a dataspace or a
+// transient datatype belongs to no file): the scalar dataspace, the bool
+// enum {FALSE = 0, TRUE = 1} over int8 and the variable-length UTF-8 string
+// type. CheckSharedIds makes them again should the library have been closed
+// and reopened since, which ends every identifier; the tool calls it once per
+// file it opens, so items need no check of their own. Invalid (negative) when
+// they could not be made. Callers hold the HDF5 lock.
 hid_t ScalarSpace();
+hid_t BoolType();
+hid_t Utf8StringType();
 void CheckSharedIds();
+
+// The predefined types of int, double and byte-block items, in the file and
+// in memory. HDF5's names for them call H5open() on every use; these are
+// read once by CheckSharedIds.
+struct ItemTypes {
+  hid_t intFile = H5I_INVALID_HID;
+  hid_t intMemory = H5I_INVALID_HID;
+  hid_t doubleFile = H5I_INVALID_HID;
+  hid_t doubleMemory = H5I_INVALID_HID;
+  hid_t byteFile = H5I_INVALID_HID;
+  hid_t byteMemory = H5I_INVALID_HID;
+};
+const ItemTypes& PredefinedItemTypes();
 
 }  // namespace detail
 }  // namespace NVX3DRSVExTool

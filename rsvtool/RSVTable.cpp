@@ -25,29 +25,15 @@ CRSVTable::~CRSVTable() = default;
 
 namespace {
 
+const detail::ItemTypes& Types() { return detail::PredefinedItemTypes(); }
+
 // The marker belongs to the table itself and is never an item.
 bool IsItemName(const std::string& name) { return !name.empty() && name != detail::kMarkerName; }
 
-// bool items: the enum {FALSE = 0, TRUE = 1} over int8, which is how numpy bools
-// are commonly stored and read back.
-Hid BoolType() {
-  Hid type = detail::TypeId(H5Tenum_create(H5T_NATIVE_INT8));
-  if (!type.valid()) return {};
-  const signed char no = 0;
-  const signed char yes = 1;
-  if (H5Tenum_insert(type.get(), "FALSE", &no) < 0 ||
-      H5Tenum_insert(type.get(), "TRUE", &yes) < 0) {
-    return {};
-  }
-  return type;
-}
-
-int PutScalar(hid_t table, const std::string& name, hid_t fileType, hid_t memType,
-              const void* value) {
+template <class T>
+int PutScalar(hid_t table, const std::string& name, hid_t fileType, hid_t memType, const T& value) {
   if (!IsItemName(name)) return -1;
-  const hid_t space = detail::ScalarSpace();
-  if (space < 0) return -1;
-  return detail::PutAttribute(table, name, fileType, space, memType, value);
+  return detail::PutScalarAttribute(table, name, fileType, memType, &value);
 }
 
 }  // namespace
@@ -55,20 +41,20 @@ int PutScalar(hid_t table, const std::string& name, hid_t fileType, hid_t memTyp
 // Every failed write is counted by the tool as well as returned (Note).
 int CRSVTable::SetItem(const std::string& name, int value) {
   Hdf5Lock lock(Hdf5Mutex());
-  return Note(PutScalar(m_id, name, H5T_STD_I32LE, H5T_NATIVE_INT, &value));
+  return Note(PutScalar(m_id, name, Types().intFile, Types().intMemory, value));
 }
 
 int CRSVTable::SetItem(const std::string& name, double value) {
   Hdf5Lock lock(Hdf5Mutex());
-  return Note(PutScalar(m_id, name, H5T_IEEE_F64LE, H5T_NATIVE_DOUBLE, &value));
+  return Note(PutScalar(m_id, name, Types().doubleFile, Types().doubleMemory, value));
 }
 
 int CRSVTable::SetItem(const std::string& name, bool value) {
   Hdf5Lock lock(Hdf5Mutex());
-  Hid type = BoolType();
-  if (!type.valid()) return Note(-1);
+  const hid_t type = detail::BoolType();
+  if (type < 0) return Note(-1);
   const signed char stored = value ? 1 : 0;
-  return Note(PutScalar(m_id, name, type.get(), type.get(), &stored));
+  return Note(PutScalar(m_id, name, type, type, stored));
 }
 
 int CRSVTable::SetItem(const std::string& name, const std::string& value) {
@@ -83,28 +69,29 @@ int CRSVTable::SetItem(const std::string& name, std::uint64_t size, const void* 
   const hsize_t dims[1] = {static_cast<hsize_t>(size)};
   Hid space = detail::SpaceId(size == 0 ? H5Screate(H5S_NULL) : H5Screate_simple(1, dims, nullptr));
   if (!space.valid()) return Note(-1);
-  return Note(detail::PutAttribute(m_id, name, H5T_STD_U8LE, space.get(), H5T_NATIVE_UINT8,
+  return Note(detail::PutAttribute(m_id, name, Types().byteFile, space.get(), Types().byteMemory,
                                    size == 0 ? nullptr : bytes));
 }
 
 bool CRSVTable::GetItem(const std::string& name, int* value) {
   Hdf5Lock lock(Hdf5Mutex());
   if (value == nullptr || !IsItemName(name)) return false;
-  return detail::GetScalarAttribute(m_id, name, H5T_NATIVE_INT, {H5T_INTEGER, H5T_FLOAT}, value);
+  return detail::GetScalarAttribute(m_id, name, Types().intMemory, {H5T_INTEGER, H5T_FLOAT}, value);
 }
 
 bool CRSVTable::GetItem(const std::string& name, double* value) {
   Hdf5Lock lock(Hdf5Mutex());
   if (value == nullptr || !IsItemName(name)) return false;
-  return detail::GetScalarAttribute(m_id, name, H5T_NATIVE_DOUBLE, {H5T_INTEGER, H5T_FLOAT}, value);
+  return detail::GetScalarAttribute(m_id, name, Types().doubleMemory, {H5T_INTEGER, H5T_FLOAT},
+                                    value);
 }
 
 bool CRSVTable::GetItem(const std::string& name, bool* value) {
   Hdf5Lock lock(Hdf5Mutex());
   if (value == nullptr || !IsItemName(name)) return false;
-  Hid type = BoolType();
+  const hid_t type = detail::BoolType();
   signed char stored = -1;
-  if (!type.valid() || !detail::GetScalarAttribute(m_id, name, type.get(), {H5T_ENUM}, &stored)) {
+  if (type < 0 || !detail::GetScalarAttribute(m_id, name, type, {H5T_ENUM}, &stored)) {
     return false;
   }
   // An enum with other member names converts to an unmatched value; that is no bool.

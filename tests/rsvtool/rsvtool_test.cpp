@@ -277,6 +277,75 @@ TEST_F(RsvToolTest, CompoundRecordsRoundTripAndBadDefinitionsFail) {
   EXPECT_STREQ(rows[40].value, "row 40");
 }
 
+// Files other programs made: links are followed inside the file only, and an
+// item stored as a one-element array counts as one value.
+TEST_F(RsvToolTest, ForeignLinksAndOneElementItems) {
+  CRSVTool tool;
+  const std::string other = PathOf("other.rsv");
+  ASSERT_EQ(tool.Create(other, 4, 1, 0), 0);
+  ASSERT_NE(tool.CreateTable(tool.CreateGroup(tool.OpenGroup(1), "Computation"), "Set"), nullptr);
+  tool.Close();
+  const std::string path = PathOf("linked.rsv");
+  ASSERT_EQ(tool.Create(path, 4, 1, 0), 0);
+  ASSERT_NE(tool.CreateTable(tool.OpenGroup(1), "Set"), nullptr);
+  tool.Close();
+
+  const hid_t file = H5Fopen(path.c_str(), H5F_ACC_RDWR, H5P_DEFAULT);
+  ASSERT_GE(file, 0);
+  ASSERT_GE(H5Lcreate_external(other.c_str(), "/Project/Computation", file, "/Project/Computation",
+                               H5P_DEFAULT, H5P_DEFAULT),
+            0);
+  ASSERT_GE(H5Lcreate_soft("/Project/Set", file, "/Project/Alias", H5P_DEFAULT, H5P_DEFAULT), 0);
+  const hid_t set = H5Oopen(file, "/Project/Set", H5P_DEFAULT);
+  const hsize_t one = 1;
+  const hid_t space = H5Screate_simple(1, &one, nullptr);
+  const hid_t attr = H5Acreate2(set, "Count", H5T_STD_I32LE, space, H5P_DEFAULT, H5P_DEFAULT);
+  const int seven = 7;
+  ASSERT_GE(H5Awrite(attr, H5T_NATIVE_INT, &seven), 0);
+  H5Aclose(attr);
+  H5Sclose(space);
+  H5Oclose(set);
+  H5Fclose(file);
+
+  ASSERT_EQ(tool.Open(path), 0);
+  EXPECT_EQ(tool.OpenGroup(1, 4), nullptr);
+  CRSVTable* alias = tool.OpenTable(tool.OpenGroup(1), "Alias");
+  ASSERT_NE(alias, nullptr);
+  int count = 0;
+  EXPECT_TRUE(alias->GetItem("Count", &count) && count == 7);
+  EXPECT_EQ(alias->SetItem("Count", 8), 0);
+  tool.Close();
+
+  // Written in place: still a one-element array, now holding 8.
+  const hid_t again = H5Fopen(path.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT);
+  const hid_t stored = H5Aopen_by_name(again, "/Project/Set", "Count", H5P_DEFAULT, H5P_DEFAULT);
+  const hid_t storedSpace = H5Aget_space(stored);
+  int value = 0;
+  EXPECT_EQ(H5Sget_simple_extent_type(storedSpace), H5S_SIMPLE);
+  EXPECT_TRUE(H5Aread(stored, H5T_NATIVE_INT, &value) >= 0 && value == 8);
+  H5Sclose(storedSpace);
+  H5Aclose(stored);
+  H5Fclose(again);
+}
+
+// The identifiers the tool keeps for every item end with the library; a
+// host that closes and restarts HDF5 between files still gets working items.
+TEST_F(RsvToolTest, ItemsWorkAfterTheLibraryRestarts) {
+  for (int round = 0; round < 2; ++round) {
+    CRSVTool tool;
+    const std::string path = PathOf("round" + std::to_string(round) + ".rsv");
+    ASSERT_EQ(tool.Create(path, 4, 1, 0), 0);
+    CRSVTable* table = tool.CreateTable(tool.OpenGroup(1), "Set");
+    ASSERT_EQ(table->SetItem("b", true) + table->SetItem("s", "text") + table->SetItem("i", 3), 0);
+    bool b = false;
+    std::string text;
+    EXPECT_TRUE(table->GetItem("b", &b) && b && table->GetItem("s", &text) && text == "text");
+    EXPECT_EQ(tool.Close(), 0);
+    H5close();
+    H5open();
+  }
+}
+
 TEST_F(RsvToolTest, StringAttributesOnEveryKindOfObject) {
   CRSVTool tool;
   ASSERT_EQ(tool.Create(PathOf("a.rsv"), 4, 1, 0), 0);
