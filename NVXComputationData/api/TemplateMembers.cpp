@@ -14,7 +14,7 @@ bool CNVX3DComputation::IsUsetDefinedExists() {
 
 bool CNVX3DComputation::LoadUserDefineKRN() {
   if (m_pImpl == nullptr) return false;
-  if (m_pImpl->UserTemplateExists() && m_pImpl->sections.document != nullptr) {
+  if (m_pImpl->UserTemplateExists() && m_pImpl->sections.document) {
     m_pImpl->ReadKrn(m_pImpl->userTemplatePath);
     return true;
   }

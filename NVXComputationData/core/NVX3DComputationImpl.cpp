@@ -10,11 +10,6 @@
 
 namespace {
 
-template <typename T>
-void Create(std::unique_ptr<T>& slot) {
-  if (!slot) slot.reset(new (std::nothrow) T());
-}
-
 // The per-user template's file name beside the per-user directory.
 constexpr char kUserTemplateName[] = "/KRNTemplate.krn";
 
@@ -23,29 +18,29 @@ constexpr char kUserTemplateName[] = "/KRNTemplate.krn";
 CNVX3DComputationImpl::CNVX3DComputationImpl() {
   CNVX3DSectionTable& s = sections;
   // Slots 0 to 16, then 19 and 21, then 17, 18 and 20.
-  Create(s.document);
-  Create(s.placeholder);
-  Create(s.summary);
-  Create(s.fillPack);
-  Create(s.cool);
-  Create(s.warp);
-  Create(s.stress);
-  Create(s.optic);
-  Create(s.ic);
-  Create(s.ve);
-  Create(s.mcm);
-  Create(s.computingManager);
-  Create(s.taskManager);
-  Create(s.remoteMachines);
-  Create(s.longFiber);
-  Create(s.foaming);
-  Create(s.partInsert);
-  Create(s.slip);
-  Create(s.hrSteady);
-  Create(s.veStress);
-  Create(s.veWarp);
-  Create(s.veCuring);
-  Create(crystal);
+  s.document.Create();
+  s.placeholder.Create();
+  s.summary.Create();
+  s.fillPack.Create();
+  s.cool.Create();
+  s.warp.Create();
+  s.stress.Create();
+  s.optic.Create();
+  s.ic.Create();
+  s.ve.Create();
+  s.mcm.Create();
+  s.computingManager.Create();
+  s.taskManager.Create();
+  s.remoteMachines.Create();
+  s.longFiber.Create();
+  s.foaming.Create();
+  s.partInsert.Create();
+  s.slip.Create();
+  s.hrSteady.Create();
+  s.veStress.Create();
+  s.veWarp.Create();
+  s.veCuring.Create();
+  crystal.Create();
   processorCount = nvx::platform::LogicalProcessorCount();
   if (s.cool) {
     s.cool->ResLevelType =
@@ -54,12 +49,7 @@ CNVX3DComputationImpl::CNVX3DComputationImpl() {
 }
 
 std::unique_ptr<CNVX3DComputationImpl> CNVX3DComputationImpl::MakeComplete() {
-  auto impl = std::make_unique<CNVX3DComputationImpl>();
-  // The constructor leaves a slot null when its allocation fails.
-  if (!impl->sections.document || !impl->sections.summary || !impl->sections.fillPack) {
-    throw std::bad_alloc();
-  }
-  return impl;
+  return std::make_unique<CNVX3DComputationImpl>();
 }
 
 int CNVX3DComputationImpl::TakeOver(const NVXData& d) {

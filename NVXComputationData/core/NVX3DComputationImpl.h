@@ -10,6 +10,7 @@
 #include <string>
 
 #include "core/NVXData.h"
+#include "core/RecordSlot.h"
 #include "krn/KRNDocument.h"
 #include "sections/Computing.h"
 #include "sections/Cool.h"
@@ -29,32 +30,33 @@
 // The empty placeholder object of slot 1.
 struct CNVX3DEmptyRecord {};
 
-// The section table. A failed allocation leaves a slot null.
+// The section table: the records in their slots, created by the constructor
+// of the implementation object.
 struct CNVX3DSectionTable {
   static constexpr int kSlotCount = 22;
 
-  std::unique_ptr<CNVX3DKRNDocument> document;               // 0
-  std::unique_ptr<CNVX3DEmptyRecord> placeholder;            // 1
-  std::unique_ptr<CNVX3DSummary> summary;                    // 2
-  std::unique_ptr<CNVX3DFillPackTimeSteps> fillPack;         // 3
-  std::unique_ptr<CNVX3DSolidCool> cool;                     // 4
-  std::unique_ptr<CNVX3DSolidWrap> warp;                     // 5
-  std::unique_ptr<CNVX3DSolidStress> stress;                 // 6
-  std::unique_ptr<CNVX3DSolidOptic> optic;                   // 7
-  std::unique_ptr<CNVX3DSolidIC> ic;                         // 8
-  std::unique_ptr<CNVX3DSolidVE> ve;                         // 9
-  std::unique_ptr<CNVX3DSolidMCM> mcm;                       // 10
-  std::unique_ptr<CNVX3DComputingManager> computingManager;  // 11
-  std::unique_ptr<CNVX3DTaskManager> taskManager;            // 12
-  std::unique_ptr<CNVX3DRemoteMachines> remoteMachines;      // 13
-  std::unique_ptr<CNVX3DLongFiber> longFiber;                // 14
-  std::unique_ptr<CNVX3DFoaming> foaming;                    // 15
-  std::unique_ptr<CNVX3DPartInsert> partInsert;              // 16
-  std::unique_ptr<CNVX3DVEStress> veStress;                  // 17
-  std::unique_ptr<CNVX3DVEWarp> veWarp;                      // 18
-  std::unique_ptr<CNVX3DSlipBC> slip;                        // 19
-  std::unique_ptr<CNVX3DVECuringStress> veCuring;            // 20
-  std::unique_ptr<CNVX3DHRSteady> hrSteady;                  // 21
+  RecordSlot<CNVX3DKRNDocument> document;               // 0
+  RecordSlot<CNVX3DEmptyRecord> placeholder;            // 1
+  RecordSlot<CNVX3DSummary> summary;                    // 2
+  RecordSlot<CNVX3DFillPackTimeSteps> fillPack;         // 3
+  RecordSlot<CNVX3DSolidCool> cool;                     // 4
+  RecordSlot<CNVX3DSolidWrap> warp;                     // 5
+  RecordSlot<CNVX3DSolidStress> stress;                 // 6
+  RecordSlot<CNVX3DSolidOptic> optic;                   // 7
+  RecordSlot<CNVX3DSolidIC> ic;                         // 8
+  RecordSlot<CNVX3DSolidVE> ve;                         // 9
+  RecordSlot<CNVX3DSolidMCM> mcm;                       // 10
+  RecordSlot<CNVX3DComputingManager> computingManager;  // 11
+  RecordSlot<CNVX3DTaskManager> taskManager;            // 12
+  RecordSlot<CNVX3DRemoteMachines> remoteMachines;      // 13
+  RecordSlot<CNVX3DLongFiber> longFiber;                // 14
+  RecordSlot<CNVX3DFoaming> foaming;                    // 15
+  RecordSlot<CNVX3DPartInsert> partInsert;              // 16
+  RecordSlot<CNVX3DVEStress> veStress;                  // 17
+  RecordSlot<CNVX3DVEWarp> veWarp;                      // 18
+  RecordSlot<CNVX3DSlipBC> slip;                        // 19
+  RecordSlot<CNVX3DVECuringStress> veCuring;            // 20
+  RecordSlot<CNVX3DHRSteady> hrSteady;                  // 21
 };
 
 // Indices of the page-availability flags (pages of the host's parameter dialog).
@@ -77,9 +79,9 @@ enum NVXPage {
 class CNVX3DComputationImpl {
  public:
   CNVX3DComputationImpl();
-  // A new object whose document, summary and fill/pack records exist; throws
-  // std::bad_alloc otherwise. For callers outside the facade (the tool, the
-  // Python module), which need those records.
+  // A new object on the heap, every record created (throws std::bad_alloc
+  // when there is no memory). For callers outside the facade (the tool, the
+  // Python module).
   static std::unique_ptr<CNVX3DComputationImpl> MakeComplete();
   CNVX3DComputationImpl(const CNVX3DComputationImpl&) = delete;
   CNVX3DComputationImpl& operator=(const CNVX3DComputationImpl&) = delete;
@@ -120,7 +122,7 @@ class CNVX3DComputationImpl {
   std::int32_t mode = 0;
   std::array<bool, kPageCount> pages{};
   CNVX3DSectionTable sections;
-  std::unique_ptr<CNVX3DCrystalLine> crystal;
+  RecordSlot<CNVX3DCrystalLine> crystal;
   NVXData data;
   std::string rsvPath;
   std::string secondPath;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "NVX3DRSVExTool.h"
 #include "core/NVX3DComputationImpl.h"
@@ -58,29 +59,36 @@ constexpr double kStressCurve[][2] = {{1.16e9, 0.002}, {8.68e8, 0.05}, {1.16e8, 
 constexpr double kCuringCurve[] = {40404.2645, -170404.5539, 286722.691, -240518.5375, 100561.5854};
 constexpr double kCuringParaConst = -16765.45;
 
-void SetCurve0(CNVXPROProfile& p, std::vector<double> first, std::vector<double> second) {
-  p.Curves.clear();
-  p.Curves.push_back(CNVXPROProfile::Curve{std::move(first), std::move(second)});
+CNVXPROProfile::Curve StressCurve() {
+  CNVXPROProfile::Curve c;
+  c.First.reserve(std::size(kStressCurve));
+  c.Second.reserve(std::size(kStressCurve));
+  for (const auto& point : kStressCurve) c.First.push_back(point[0]), c.Second.push_back(point[1]);
+  return c;
 }
 
-void SetCuringCurve(CNVXPROProfile& p) {
-  SetCurve0(p, std::vector<double>(std::begin(kCuringCurve), std::end(kCuringCurve)),
-            std::vector<double>(std::size(kCuringCurve), 0.0));
+CNVXPROProfile::Curve CuringCurve() {
+  return {std::vector<double>(std::begin(kCuringCurve), std::end(kCuringCurve)),
+          std::vector<double>(std::size(kCuringCurve), 0.0)};
+}
+
+void SetCurve0(CNVXPROProfile& p, CNVXPROProfile::Curve curve) {
+  p.Curves.clear();
+  p.Curves.push_back(std::move(curve));
 }
 
 }  // namespace
 
-CNVX3DVECurve::CNVX3DVECurve() {
-  std::vector<double> e0, t;
-  e0.reserve(std::size(kStressCurve));
-  t.reserve(std::size(kStressCurve));
-  for (const auto& point : kStressCurve) e0.push_back(point[0]), t.push_back(point[1]);
-  SetCurve0(Profile, std::move(e0), std::move(t));
+CNVX3DVECurve::CNVX3DVECurve() : CNVX3DVECurve(StressCurve()) {}
+
+CNVX3DVECurve::CNVX3DVECurve(CNVXPROProfile::Curve curve0) {
+  SetCurve0(Profile, std::move(curve0));
 }
 
-CNVX3DVECuringStress::CNVX3DVECuringStress() {
+// Built with its own curve from the start: building the stress curve first
+// and replacing it made every new object allocate and free three lists more.
+CNVX3DVECuringStress::CNVX3DVECuringStress() : CNVX3DVECurve(CuringCurve()) {
   ValueEaslticRatio = kCuringParaConst;
-  SetCuringCurve(Profile);
 }
 
 namespace nvx {
@@ -90,7 +98,7 @@ void ResetVECurve(CNVX3DVECurve& record) { record = CNVX3DVECurve(); }
 void ResetVECuring(CNVX3DVECuringStress& record) {
   record.Version = 1001;
   record.ValueEaslticRatio = kCuringParaConst;
-  SetCuringCurve(record.Profile);
+  SetCurve0(record.Profile, CuringCurve());
 }
 
 void SetEstimateCoolStage(CNVX3DSolidVE& r, std::int32_t value) {

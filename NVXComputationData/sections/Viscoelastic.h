@@ -66,6 +66,10 @@ struct CNVX3DVECurve {
   double ValueEaslticRatio = 70300.0;
   CNVXPROProfile Profile;
   std::int32_t ModelType = 0;  // curing record only
+
+ protected:
+  // A record whose curve 0 is `curve0`.
+  explicit CNVX3DVECurve(CNVXPROProfile::Curve curve0);
 };
 
 struct CNVX3DVEStress : CNVX3DVECurve {};
