@@ -5,17 +5,44 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <string>
 
 namespace nvxtest {
 
+// Sets (or, with an empty value, removes) an environment variable of this
+// process; children started afterwards inherit it.
+inline void SetEnv(const char* name, const std::string& value) {
+#ifdef _WIN32
+  _putenv_s(name, value.c_str());
+#else
+  if (value.empty()) {
+    unsetenv(name);
+  } else {
+    setenv(name, value.c_str(), 1);
+  }
+#endif
+}
+
+// The variable that names the base of the per-user directory.
+#ifdef _WIN32
+constexpr const char* kUserConfigVar = "APPDATA";
+#else
+constexpr const char* kUserConfigVar = "XDG_CONFIG_HOME";
+#endif
+
 // A fresh directory, removed with everything in it when the object goes.
 class TempDir {
  public:
   TempDir() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "nvxtest-XXXXXX").string();
-    path_ = mkdtemp(pattern.data()) ? pattern : std::string();
+    static std::mt19937_64 random{std::random_device{}()};
+    const auto base = std::filesystem::temp_directory_path();
+    for (int attempt = 0; attempt < 100 && path_.empty(); ++attempt) {
+      const auto candidate = base / ("nvxtest-" + std::to_string(random()));
+      std::error_code ec;
+      if (std::filesystem::create_directory(candidate, ec)) path_ = candidate.generic_string();
+    }
   }
   ~TempDir() {
     std::error_code ec;
@@ -43,20 +70,13 @@ inline void WriteText(const std::string& path, const std::string& text) {
 class UserDirScope {
  public:
   explicit UserDirScope(const std::string& dir) {
-    if (const char* old = std::getenv("XDG_CONFIG_HOME")) old_ = old, had_ = true;
-    setenv("XDG_CONFIG_HOME", dir.c_str(), 1);
+    if (const char* old = std::getenv(kUserConfigVar)) old_ = old;
+    SetEnv(kUserConfigVar, dir);
   }
-  ~UserDirScope() {
-    if (had_) {
-      setenv("XDG_CONFIG_HOME", old_.c_str(), 1);
-    } else {
-      unsetenv("XDG_CONFIG_HOME");
-    }
-  }
+  ~UserDirScope() { SetEnv(kUserConfigVar, old_); }
 
  private:
   std::string old_;
-  bool had_ = false;
 };
 
 }  // namespace nvxtest
