@@ -1,13 +1,17 @@
 // Exported platform functions a host may call or replace: the per-user
 // directory of the current release and the handlers of message boxes,
 // debugger text and a KRN file that cannot be opened for writing.
+// NVX_API marks what the library exports; a program that links the library's
+// objects statically defines NVX_STATIC_LINK.
 #ifndef NVX_PLATFORM_NVXHOSTHOOKS_H_
 #define NVX_PLATFORM_NVXHOSTHOOKS_H_
 
 #if defined(_WIN32) && defined(NVX_BUILDING_ENGINE)
 #define NVX_API __declspec(dllexport)
-#elif defined(_WIN32)
+#elif defined(_WIN32) && !defined(NVX_STATIC_LINK)
 #define NVX_API __declspec(dllimport)
+#elif defined(_WIN32)
+#define NVX_API
 #else
 #define NVX_API __attribute__((visibility("default")))
 #endif

@@ -188,7 +188,8 @@ int CRSVTool::Create(const std::string& path, unsigned a, unsigned b, unsigned c
   // Callers try Create before Open on every write, so a name already taken
   // is refused here without starting HDF5's create (which would fail too).
   std::error_code ec;
-  if (std::filesystem::exists(std::filesystem::symlink_status(path, ec))) return -1;
+  if (std::filesystem::exists(std::filesystem::symlink_status(std::filesystem::u8path(path), ec)))
+    return -1;
   Hid fapl = FileAccess();
   Hid lapl = detail::InFileLinkAccess();
   if (!fapl.valid() || !lapl.valid()) return -1;

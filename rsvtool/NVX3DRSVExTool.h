@@ -55,6 +55,8 @@
 #include <memory>
 #include <string>
 
+#include "NVX3DRSVExToolExport.h"
+
 namespace NVX3DRSVExTool {
 
 // Element type codes of arrays.
@@ -64,7 +66,7 @@ constexpr int kRSVTypeDouble = 8;
 class CRSVTool;
 
 // Anything that can carry attributes (groups, tables, arrays).
-class CRSVObject {
+class NVX_RSV_API CRSVObject {
  public:
   CRSVObject(const CRSVObject&) = delete;
   CRSVObject& operator=(const CRSVObject&) = delete;
@@ -89,14 +91,14 @@ class CRSVObject {
   int* m_failures = nullptr;
 };
 
-class CRSVGroup : public CRSVObject {
+class NVX_RSV_API CRSVGroup : public CRSVObject {
  public:
   explicit CRSVGroup(std::int64_t id) : CRSVObject(id) {}
   ~CRSVGroup() override;
 };
 
 // A key/value table of typed items.
-class CRSVTable : public CRSVObject {
+class NVX_RSV_API CRSVTable : public CRSVObject {
  public:
   explicit CRSVTable(std::int64_t id) : CRSVObject(id) {}
   ~CRSVTable() override;
@@ -133,7 +135,7 @@ class CRSVTable : public CRSVObject {
 };
 
 // A two-dimensional typed array.
-class CRSVArray : public CRSVObject {
+class NVX_RSV_API CRSVArray : public CRSVObject {
  public:
   CRSVArray(std::int64_t id, int elementType) : CRSVObject(id), m_elementType(elementType) {}
   ~CRSVArray() override;
@@ -157,7 +159,7 @@ class CRSVArray : public CRSVObject {
   int m_elementType;
 };
 
-class CRSVTool {
+class NVX_RSV_API CRSVTool {
  public:
   CRSVTool();
   ~CRSVTool();
