@@ -1,11 +1,12 @@
-// Test helpers: one KRN section written to text, or read from the text of its
-// body, through the generic section writer and reader.
+// Test helpers: one KRN section written to text (with "\n" line ends), or
+// read from the text of its body, through the generic section writer and reader.
 #ifndef NVX_TESTS_SECTIONIO_H_
 #define NVX_TESTS_SECTIONIO_H_
 
 #include <sstream>
 #include <string>
 
+#include "TestUtil.h"
 #include "core/NVX3DComputationImpl.h"
 #include "krn/KRNSectionIO.h"
 
@@ -16,7 +17,7 @@ inline std::string WriteSection(CNVX3DComputationImpl& impl, nvx::KrnTag tag,
   std::ostringstream os;
   nvx::KrnStream out(os);
   nvx::WriteKrnSection(*nvx::FindSection(tag), out, impl, templateWriting);
-  return os.str();
+  return ToLF(os.str());
 }
 
 // Reads `body` (the lines between the tags, each ended by "\n") as section `tag`.

@@ -1,8 +1,10 @@
-// Helpers shared by the tests: a temporary directory and whole-file I/O.
+// Helpers shared by the tests: a temporary directory, whole-file I/O and
+// environment variables, the same on every system.
 #ifndef NVX_TESTS_TESTUTIL_H_
 #define NVX_TESTS_TESTUTIL_H_
 
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -32,6 +34,44 @@ constexpr const char* kUserConfigVar = "APPDATA";
 constexpr const char* kUserConfigVar = "XDG_CONFIG_HOME";
 #endif
 
+#ifdef _WIN32
+// Under the emulator that runs the Windows tests, APPDATA is set afresh from
+// its own settings when a program starts, whatever the caller passed. The test
+// scripts therefore also pass the per-user directory as NVX_TEST_APPDATA, which
+// every test program takes over before its first test.
+inline const bool kUserDirFromTestScript = [] {
+  const char* dir = std::getenv("NVX_TEST_APPDATA");
+  if (dir != nullptr && *dir != '\0') SetEnv(kUserConfigVar, dir);
+  return true;
+}();
+#endif
+
+// The platform's text line end: what the library ends KRN lines with.
+#ifdef _WIN32
+constexpr const char* kNewline = "\r\n";
+#else
+constexpr const char* kNewline = "\n";
+#endif
+
+// `text` with the platform's line ends turned into "\n", so one expected text
+// serves every system. On Linux the text is returned as it is: a stray "\r"
+// there is a fault the comparison must still see.
+inline std::string ToLF(std::string text) {
+  const std::size_t width = std::strlen(kNewline);
+  if (width == 1) return text;
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    if (text.compare(at, width, kNewline) == 0) {
+      out += '\n';
+      at += width;
+    } else {
+      out += text[at++];
+    }
+  }
+  return out;
+}
+
 // A fresh directory, removed with everything in it when the object goes.
 class TempDir {
  public:
@@ -41,12 +81,12 @@ class TempDir {
     for (int attempt = 0; attempt < 100 && path_.empty(); ++attempt) {
       const auto candidate = base / ("nvxtest-" + std::to_string(random()));
       std::error_code ec;
-      if (std::filesystem::create_directory(candidate, ec)) path_ = candidate.generic_string();
+      if (std::filesystem::create_directory(candidate, ec)) path_ = candidate.generic_u8string();
     }
   }
   ~TempDir() {
     std::error_code ec;
-    std::filesystem::remove_all(path_, ec);
+    if (!path_.empty()) std::filesystem::remove_all(std::filesystem::u8path(path_), ec);
   }
   std::string File(const std::string& name) const { return path_ + "/" + name; }
   const std::string& Path() const { return path_; }
@@ -55,15 +95,58 @@ class TempDir {
   std::string path_;
 };
 
+// Paths are UTF-8 (TempDir makes them so) on every system.
 inline std::string ReadText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
+  std::ifstream in(std::filesystem::u8path(path), std::ios::binary);
   std::ostringstream s;
   s << in.rdbuf();
   return s.str();
 }
 
+// A text file the library wrote (a KRN file), with "\n" line ends.
+inline std::string ReadTextLF(const std::string& path) { return ToLF(ReadText(path)); }
+
 inline void WriteText(const std::string& path, const std::string& text) {
-  std::ofstream(path, std::ios::binary) << text;
+  std::ofstream(std::filesystem::u8path(path), std::ios::binary) << text;
+}
+
+// What h5dump printed for an HDF5 file, or why there is no output to check.
+struct H5dumpResult {
+  bool ran = false;  // false: nothing to check, `why` says why
+  int status = 0;    // h5dump's exit status when it ran
+  std::string text;  // its output (standard output and errors)
+  std::string why;
+};
+
+// Runs `program` (h5dump) with `options` on `file`, its output going to `out`.
+// A Windows test program cannot start the build machine's h5dump; there
+// `program` is empty and a CTest test (tests/h5dump_test.cmake) runs the test
+// twice: first with NVX_H5DUMP_EXPORT naming where to leave a copy of `file`,
+// then with NVX_H5DUMP_TEXT naming h5dump's output for that copy.
+inline H5dumpResult H5dump(const std::string& program, const std::string& options,
+                           const std::string& file, const std::string& out) {
+  H5dumpResult result;
+  const char* text = std::getenv("NVX_H5DUMP_TEXT");
+  const char* keep = std::getenv("NVX_H5DUMP_EXPORT");
+  if (text != nullptr && *text != '\0') {
+    result.ran = true;
+    result.text = ReadText(text);
+  } else if (keep != nullptr && *keep != '\0') {
+    std::error_code ec;
+    std::filesystem::copy_file(std::filesystem::u8path(file), std::filesystem::u8path(keep),
+                               std::filesystem::copy_options::overwrite_existing, ec);
+    result.why = ec ? "cannot leave the file for h5dump: " + ec.message()
+                    : "file left for h5dump as " + std::string(keep);
+  } else if (program.empty()) {
+    result.why = "this test program cannot run h5dump (the CTest test *_h5dump_* runs it)";
+  } else {
+    const std::string command =
+        "\"" + program + "\" " + options + " \"" + file + "\" > \"" + out + "\" 2>&1";
+    result.ran = true;
+    result.status = std::system(command.c_str());
+    result.text = ReadText(out);
+  }
+  return result;
 }
 
 // Points the per-user directory at `dir` for the life of the object.

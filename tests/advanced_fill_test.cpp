@@ -10,7 +10,7 @@
 #include "krn/KRNDocumentWriter.h"
 
 using namespace nvx;
-using nvxtest::ReadText;
+using nvxtest::ReadTextLF;
 using nvxtest::TempDir;
 using nvxtest::WriteText;
 
@@ -24,7 +24,7 @@ class AdvancedFillTest : public ::testing::Test {
   std::string WriteSolid(CNVX3DComputationImpl& impl, const std::string& name) {
     impl.modelKind = 2;
     WriteKrnDocument(DocumentWriter::kModelKind, dir_.File(name), impl);
-    return ReadText(dir_.File(name));
+    return ReadTextLF(dir_.File(name));
   }
   bool Has(const std::string& text, const std::string& line) {
     return text.find("\n" + line + "\n") != std::string::npos;
@@ -84,7 +84,7 @@ TEST_F(AdvancedFillTest, PackOutputTimesKeepTheNotationWithoutFillOutputTimes) {
   impl.sections.fillPack->PackTimes.SetCount(1);
   impl.sections.fillPack->PackTimes.At(0) = 0.25;
   WriteKrnDocument(DocumentWriter::kSectionPresent, dir_.File("p.krn"), impl);
-  const std::string text = ReadText(dir_.File("p.krn"));
+  const std::string text = ReadTextLF(dir_.File("p.krn"));
   EXPECT_NE(text.find("DiffusionModelType = 2\nb1 = 1.000000e-02\nb2 = 0.000000e+00\n"
                       "b3 = 0.000000e+00\nb4 = 0.000000e+00\nb5 = 4.000000e-02\nFiberType"),
             std::string::npos);
@@ -218,7 +218,7 @@ TEST_F(AdvancedFillTest, LoadModesDecideWhereTheFibreValuesComeFrom) {
   EXPECT_FALSE(breakage);
   EXPECT_EQ(version, 1001);
   EXPECT_EQ(r, 0.0);  // the description's fibre value (0) from load mode 0
-  EXPECT_TRUE(Has(ReadText(dir_.File("f.krn")), "OrthotropicClosureMethod = 0"));
+  EXPECT_TRUE(Has(ReadTextLF(dir_.File("f.krn")), "OrthotropicClosureMethod = 0"));
 }
 
 TEST_F(AdvancedFillTest, ModeOneClearsTheBreakageFlagOfATemplateLoad) {

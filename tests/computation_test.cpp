@@ -5,7 +5,7 @@
 #include "NVX3DComputation.h"
 #include "TestUtil.h"
 
-using nvxtest::ReadText;
+using nvxtest::ReadTextLF;
 using nvxtest::TempDir;
 using nvxtest::WriteText;
 
@@ -64,7 +64,7 @@ TEST_F(ComputationTest, SummaryIsWrittenWithVersion1005AndWideFileInUtf8) {
   c_.SetSummaryFile(L"d\u00e9j\u00e0.krn");
   c_.SetSummaryCreater("Me");
   ASSERT_TRUE(c_.WriteKRNFile(dir_.File("new.krn"), 0));
-  const std::string text = ReadText(dir_.File("new.krn"));
+  const std::string text = ReadTextLF(dir_.File("new.krn"));
   EXPECT_EQ(text.rfind("<?xml version=\"1.0\"?>\n<KRN_FILE>\n<SUMMARY>\n", 0), 0u);
   EXPECT_NE(text.find("File = d\xc3\xa9j\xc3\xa0.krn\nVersion = 1005\nCreater = Me\nTime = "),
             std::string::npos);

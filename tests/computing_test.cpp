@@ -31,7 +31,7 @@ std::string WriteComputing(CNVX3DComputationImpl& impl) {
   std::ostringstream os;
   KrnStream out(os);
   for (KrnTag tag : kComputingTags) WriteKrnSection(*FindSection(tag), out, impl, false);
-  return os.str();
+  return nvxtest::ToLF(os.str());
 }
 
 void MarkPresent(CNVX3DComputationImpl& impl) {
@@ -68,7 +68,7 @@ TEST(ComputingKrn, TheModelKindWriterWritesAllThreeForSolids) {
   CNVX3DComputationImpl impl;
   impl.modelKind = 3;
   ASSERT_TRUE(WriteKrnDocument(DocumentWriter::kModelKind, dir.File("a.krn"), impl));
-  const std::string text = nvxtest::ReadText(dir.File("a.krn"));
+  const std::string text = nvxtest::ReadTextLF(dir.File("a.krn"));
   const std::string middle = "</TASKMANAGER>\n\n<REMOTE_MACHINES>\nVersion=1004\n";
   EXPECT_NE(text.find("\n<TASKMANAGER>\nVersion = 0\n"), std::string::npos);
   EXPECT_NE(text.find(middle), std::string::npos);

@@ -16,7 +16,7 @@
 
 using namespace nvx;
 using nvxtest::ReadSection;
-using nvxtest::ReadText;
+using nvxtest::ReadTextLF;
 using nvxtest::TempDir;
 using nvxtest::WriteSection;
 using nvxtest::WriteText;
@@ -30,7 +30,7 @@ std::string WriteSections(CNVX3DComputationImpl& impl, std::initializer_list<Krn
   KrnStream own(os);
   KrnStream& out = stream ? *stream : own;
   for (KrnTag tag : tags) WriteKrnSection(*FindSection(tag), out, impl, false);
-  return stream ? std::string() : os.str();
+  return stream ? std::string() : nvxtest::ToLF(os.str());
 }
 
 bool Contains(const std::string& text, const std::string& part) {
@@ -119,7 +119,7 @@ TEST(CoolingFamilyWriters, StressNotationShowsSixDigitsAndCarriesOver) {
   KrnStream out(os);
   out.Fixed();  // as if an earlier section left fixed notation in force
   WriteSections(impl, {KrnTag::kSolidStress, KrnTag::kSolidCool, KrnTag::kCoolOutputTimes}, &out);
-  const std::string text = os.str();
+  const std::string text = nvxtest::ToLF(os.str());
   EXPECT_TRUE(Contains(text,
                        "ValueMinIterativeError = 5.000000e-05\nValueGravityX = "
                        "0.000000e+00\n"));
@@ -327,8 +327,8 @@ TEST(CoolingFamilyRoundTrip, FullSolidFileIsWrittenBackByteIdentical) {
   ASSERT_TRUE(back.LoadKRNFile(first.c_str()));
   const std::string second = dir.File("b.krn");
   ASSERT_TRUE(back.WriteKRNFile(second, 0));
-  const std::string text = ReadText(first);
-  EXPECT_EQ(ReadText(second), text);
+  const std::string text = ReadTextLF(first);
+  EXPECT_EQ(ReadTextLF(second), text);
   EXPECT_TRUE(Contains(text, "MatTemp(PartInsert-CLTE-1) = 2\n"));
   EXPECT_TRUE(Contains(text, "<MoldPreheat_OUTPUT_TIMES>\nVersion=1001\n"));
   EXPECT_EQ(back.GetPartInsertNumber(1), 2);

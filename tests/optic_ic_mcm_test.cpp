@@ -16,7 +16,7 @@
 
 using namespace nvx;
 using nvxtest::ReadSection;
-using nvxtest::ReadText;
+using nvxtest::ReadTextLF;
 using nvxtest::TempDir;
 using nvxtest::WriteSection;
 using nvxtest::WriteText;
@@ -240,7 +240,7 @@ TEST(WholeFile, WritersPlaceEverySectionAndSolidFilesRoundTripByteForByte) {
   c.SetSolidICICPaddleValueNoPaddleShiftTime(1);
   c.SetSolidMCMValueShotProjectName("shot one");
   ASSERT_TRUE(c.WriteKRNFile(a, 0));
-  const std::string first = ReadText(a);
+  const std::string first = ReadTextLF(a);
   const char* const mine[] = {"SOLID_VE",
                               "SOLID_VE_STRESS",
                               "SOLID_VE_CURING_STRESS",
@@ -266,12 +266,12 @@ TEST(WholeFile, WritersPlaceEverySectionAndSolidFilesRoundTripByteForByte) {
   ASSERT_TRUE(kind.LoadKRNFile(Data(b, 1, 2)));
   ASSERT_TRUE(kind.LoadKRNFile(a.c_str()));
   ASSERT_TRUE(kind.WriteKRNFile(b, 0));
-  EXPECT_EQ(ReadText(b), first);
+  EXPECT_EQ(ReadTextLF(b), first);
 
   // The section-present writer (load mode 0) keeps all but the three curve
   // sections; a shell project writes none of these sections.
   ASSERT_TRUE(again.WriteKRNFile(c3, 0));
-  const std::string present = ReadText(c3);
+  const std::string present = ReadTextLF(c3);
   for (const char* tag : mine) {
     const bool curve = std::string(tag).find("SOLID_VE_") == 0;
     EXPECT_EQ(present.find(std::string("<") + tag + ">") == std::string::npos, curve) << tag;
@@ -279,12 +279,12 @@ TEST(WholeFile, WritersPlaceEverySectionAndSolidFilesRoundTripByteForByte) {
   CNVX3DComputation shell;
   ASSERT_TRUE(shell.LoadKRNFile(Data(c3, 1, 1)));
   ASSERT_TRUE(shell.WriteKRNFile(c3, 0));
-  EXPECT_EQ(ReadText(c3).find("<SOLID_VE>"), std::string::npos);
+  EXPECT_EQ(ReadTextLF(c3).find("<SOLID_VE>"), std::string::npos);
 
   // Through RSV: what the tables carry comes back to the same KRN bytes.
   CNVX3DComputation viaRsv;
   ASSERT_TRUE(viaRsv.LoadKRNFile(Data(b, 1, 2)));
   RsvRoundTrip(dir.File("p.rsv"), kind, viaRsv);
   ASSERT_TRUE(viaRsv.WriteKRNFile(b, 0));
-  EXPECT_EQ(ReadText(b), first);
+  EXPECT_EQ(ReadTextLF(b), first);
 }

@@ -199,7 +199,7 @@ TEST(ProjectRoundTrip, DefaultsSurviveKrnAndRsvForEveryModelKind) {
     ASSERT_TRUE(last.ReadRSVFile());
     const std::string again = dir.File("again.krn");
     ASSERT_TRUE(last.WriteKRNFile(again, 0));
-    std::string text = nvxtest::ReadText(again);
+    std::string text = nvxtest::ReadTextLF(again);
     if (kind == 1) {
       // The load-mode-0 writer always adds the hot-runner steady section.
       const std::size_t at = text.find("<FILL_ADVANCED_HRSteady>");
@@ -207,6 +207,6 @@ TEST(ProjectRoundTrip, DefaultsSurviveKrnAndRsvForEveryModelKind) {
       ASSERT_NE(at, std::string::npos);
       text.erase(at, text.find(close) + close.size() - at);
     }
-    EXPECT_EQ(text, nvxtest::ReadText(krn));
+    EXPECT_EQ(text, nvxtest::ReadTextLF(krn));
   }
 }

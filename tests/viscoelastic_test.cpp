@@ -101,7 +101,7 @@ TEST(VECurveKrn, DefaultStressWritesEightScientificPointsAndTheNotationCarriesOv
   out.Precision(2);
   WriteKrnSection(kSolidVEStressSection, out, impl, false);
   WriteKrnSection(kSolidICSection, out, impl, false);
-  const std::string text = os.str();
+  const std::string text = nvxtest::ToLF(os.str());
   EXPECT_NE(text.find("C1 = 40.16\nC2 = 51.6\nTref = 1\nValueEaslticRatio = 7.030000e+04\n"
                       "MTCount = 8\nMT1 = 1.160000e+09\t 2.000000e-03\n"),
             std::string::npos)

@@ -7,11 +7,13 @@
 #include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <map>
 #include <memory>
 
 #include "NVX3DComputation.h"
 #include "NVX3DRSVExTool.h"
+#include "TestUtil.h"
 #include "core/KeyText.h"
 #include "core/NVX3DComputationImpl.h"
 #include "krn/KRNDocumentWriter.h"
@@ -102,7 +104,8 @@ std::unique_ptr<CNVX3DComputationImpl> Loaded(const NVXData& d) {
 }
 
 void WriteRsv(CNVX3DComputationImpl& impl, const std::string& path) {
-  std::remove(path.c_str());
+  std::error_code ec;
+  std::filesystem::remove(std::filesystem::u8path(path), ec);
   {
     NVX3DRSVExTool::CRSVTool tool;
     if (tool.Create(path, 4, 1, 0) != 0) return;
@@ -130,7 +133,7 @@ void ReadRsv(CNVX3DComputationImpl& impl, const std::string& path) {
 
 std::vector<std::string> WriteGoldenSet(const std::string& dir, const std::string& scratch) {
   // Per-user files (template, foaming material) start fresh in the scratch folder.
-  setenv("XDG_CONFIG_HOME", (scratch + "/user").c_str(), 1);
+  nvxtest::SetEnv(nvxtest::kUserConfigVar, scratch + "/user");
   std::vector<std::string> names;
   auto out = [&](const std::string& name) {
     names.push_back(name);

@@ -1,10 +1,13 @@
 // A tiny file system for fault tests: a 1 MiB tmpfs mounted in a temporary
 // directory (only as root), which a filler file can make completely full.
-// Where it cannot be mounted, Reason() says why, and the tests skip.
+// Where it cannot be mounted (and always on Windows), Reason() says why, and
+// the tests skip.
 #ifndef NVX_TESTS_RELIABILITY_TINYFILESYSTEM_H_
 #define NVX_TESTS_RELIABILITY_TINYFILESYSTEM_H_
 
+#ifndef _WIN32
 #include <unistd.h>
+#endif
 
 #include <cstdlib>
 #include <fstream>
@@ -18,6 +21,9 @@ namespace nvxtest {
 class TinyFileSystem {
  public:
   TinyFileSystem() {
+#ifdef _WIN32
+    reason_ = "no tiny file system can be mounted on Windows";
+#else
     if (::geteuid() != 0) {
       reason_ = "mounting a tiny tmpfs needs root";
       return;
@@ -28,6 +34,7 @@ class TinyFileSystem {
       return;
     }
     mounted_ = true;
+#endif
   }
   ~TinyFileSystem() {
     if (mounted_) std::system(("umount '" + dir_.Path() + "'").c_str());

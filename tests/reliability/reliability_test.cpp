@@ -1,10 +1,10 @@
 // The library under faults: full and read-only file systems, hostile RSV
 // dimensions, reads that must not change their file, repeated rewrites.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include "NVX3DComputation.h"
@@ -62,15 +62,14 @@ TEST(KrnWriteFaults, FullDiskKeepsTheOldFileAndReportsFailure) {
   const std::string krn = fs.File("p.krn");
   Prepare(c, krn);
   ASSERT_TRUE(c.WriteKRNFile(krn, 0));
-  ASSERT_EQ(::chmod(krn.c_str(), 0640), 0);
+  const auto mode = std::filesystem::perms(0640);
+  std::filesystem::permissions(krn, mode);
   const std::string before = ReadText(krn);
   fs.Fill();
   c.SetSummaryCreater("changed");
   EXPECT_FALSE(c.WriteKRNFile(krn, 0));
   EXPECT_EQ(ReadText(krn), before);
-  struct stat st;
-  ASSERT_EQ(::stat(krn.c_str(), &st), 0);
-  EXPECT_EQ(st.st_mode & 07777, 0640u);
+  EXPECT_EQ(std::filesystem::status(krn).permissions(), mode);
 }
 
 TEST(KrnWriteFaults, UnopenablePathGoesToTheCantOpenHandler) {
@@ -84,8 +83,14 @@ TEST(KrnWriteFaults, UnopenablePathGoesToTheCantOpenHandler) {
     EXPECT_FALSE(c.WriteKRNFile(missing, 0));
     EXPECT_EQ(g_lastCantOpen, missing);
   }
-  // The default handler ends the process the documented way.
-  EXPECT_EXIT(c.WriteKRNFile(missing, 0), ::testing::ExitedWithCode(1), "^Can't open\n$");
+  // The default handler ends the process the documented way (standard error
+  // is a text stream: on Windows its line end is "\r\n").
+#ifdef _WIN32
+  const char* const kMessage = "^Can't open\r?\n$";
+#else
+  const char* const kMessage = "^Can't open\n$";
+#endif
+  EXPECT_EXIT(c.WriteKRNFile(missing, 0), ::testing::ExitedWithCode(1), kMessage);
 }
 
 TEST(KrnWriteFaults, ReadOnlyFileSystemIsCantOpenAndKeepsTheFile) {
@@ -176,6 +181,9 @@ TEST(RsvFaults, RewritingTheSameParametersKeepsTheFileSize) {
   EXPECT_LE(nvx::platform::FileSize(rsv), 2 * first);
 
   // Outside readers still see every text item as a string.
+#ifdef _WIN32
+  GTEST_SKIP() << "the h5py cross-check runs on Linux only";
+#endif
   if (std::system("/usr/bin/python3 -c 'import h5py' 2>/dev/null") != 0) {
     GTEST_SKIP() << "python3-h5py is not installed";
   }

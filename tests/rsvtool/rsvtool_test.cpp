@@ -2,21 +2,20 @@
 // HDF5 directly (read-only sharing, open identifiers) and through h5dump.
 #include <gtest/gtest.h>
 #include <hdf5.h>
-#include <unistd.h>
 
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <initializer_list>
-#include <sstream>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "NVX3DRSVExTool.h"
+#include "TestUtil.h"
 
 namespace {
 
@@ -33,13 +32,12 @@ class RsvToolTest : public ::testing::Test {
  protected:
   void SetUp() override {
     const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    dir_ = fs::temp_directory_path() / ("rsvtool_" + std::to_string(getpid()) + "_" + info->name());
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
+    dir_ = std::make_unique<nvxtest::TempDir>();
+    ASSERT_FALSE(dir_->Path().empty()) << info->name() << ": no temporary folder";
   }
-  void TearDown() override { fs::remove_all(dir_); }
+  void TearDown() override { dir_.reset(); }
 
-  std::string PathOf(const std::string& name) const { return (dir_ / name).string(); }
+  std::string PathOf(const std::string& name) const { return dir_->File(name); }
 
   // A file with every kind of object and item, written the way the library and the
   // report writer use the tool.
@@ -67,7 +65,7 @@ class RsvToolTest : public ::testing::Test {
     return path;
   }
 
-  fs::path dir_;
+  std::unique_ptr<nvxtest::TempDir> dir_;
 };
 
 TEST_F(RsvToolTest, CreateMakesNumberedGroupsAndRefusesExistingFiles) {
@@ -91,13 +89,13 @@ TEST_F(RsvToolTest, CreateMakesNumberedGroupsAndRefusesExistingFiles) {
 
 TEST_F(RsvToolTest, OtherFilesFailSilentlyAndAreNeverOverwritten) {
   const std::string text = PathOf("notes.txt");
-  std::ofstream(text) << std::string(4096, 'x');
+  nvxtest::WriteText(text, std::string(4096, 'x'));
   std::string truncated;
   {
     CRSVTool writer;
     truncated = WriteSample(writer);
   }
-  fs::resize_file(truncated, fs::file_size(truncated) / 2);
+  fs::resize_file(fs::u8path(truncated), fs::file_size(fs::u8path(truncated)) / 2);
 
   H5E_auto2_t handler = nullptr, handlerAfter = nullptr;
   void *data = nullptr, *dataAfter = nullptr;
@@ -111,7 +109,7 @@ TEST_F(RsvToolTest, OtherFilesFailSilentlyAndAreNeverOverwritten) {
     EXPECT_EQ(tool.OpenGroup(1), nullptr);
     EXPECT_NE(tool.Create(text, 4, 1, 0), 0);
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
-    EXPECT_EQ(fs::file_size(text), 4096u);
+    EXPECT_EQ(fs::file_size(fs::u8path(text)), 4096u);
   }
   // The application's own error handler is back once the tool is gone.
   H5Eget_auto2(H5E_DEFAULT, &handlerAfter, &dataAfter);
@@ -385,14 +383,11 @@ TEST_F(RsvToolTest, H5dumpReadsTheLayoutAndNoIdentifierIsLeftOpen) {
   tool.Close();
   EXPECT_EQ(H5Fget_obj_count(H5F_OBJ_ALL, H5F_OBJ_ALL), 0);
 
-  const std::string h5dump = H5DUMP_EXECUTABLE;
-  if (h5dump.empty()) GTEST_SKIP() << "h5dump not found";
-  const std::string out = PathOf("dump.txt");
-  const std::string command = "\"" + h5dump + "\" \"" + path + "\" > \"" + out + "\" 2>&1";
-  ASSERT_EQ(std::system(command.c_str()), 0);
-  std::stringstream buffer;
-  buffer << std::ifstream(out).rdbuf();
-  const std::string dump = buffer.str();
+  const nvxtest::H5dumpResult result =
+      nvxtest::H5dump(H5DUMP_EXECUTABLE, "", path, PathOf("dump.txt"));
+  if (!result.ran) GTEST_SKIP() << result.why;
+  ASSERT_EQ(result.status, 0) << result.text;
+  const std::string& dump = result.text;
 
   const std::pair<const char*, std::vector<const char*>> expected[] = {
       {"ATTRIBUTE \"RSVFormatA\"", {"H5T_STD_U32LE", "(0): 4"}},
