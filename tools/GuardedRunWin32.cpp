@@ -48,7 +48,8 @@ std::string SystemMessage(DWORD code) {
 }
 
 [[noreturn]] void CannotStart(const char* what) {
-  Fail(std::string("cannot start a process: ") + what + ": " + SystemMessage(::GetLastError()));
+  const DWORD code = ::GetLastError();
+  Fail(std::string("cannot start a process: ") + what + ": " + SystemMessage(code));
 }
 
 std::wstring ProgramPath() {
