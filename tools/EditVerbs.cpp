@@ -150,7 +150,7 @@ int RunNew(const Args& given) {
   const int analysisType = WholeNumber("--analysis-type", analysis, 0, 14);
   const std::string& file = args[0];
   std::error_code ec;
-  if (std::filesystem::exists(std::filesystem::symlink_status(file, ec))) {
+  if (std::filesystem::exists(std::filesystem::symlink_status(std::filesystem::u8path(file), ec))) {
     Fail(file + " already exists");
   }
   Params params = DefaultParams(modelKind, analysisType);
@@ -276,9 +276,9 @@ int RunAdd(const Args& args) {
     std::ostringstream out;
     nvx::KrnStream stream(out);
     nvx::WriteKrnSection(*def, stream, *edit.params.impl, false);
-    std::istringstream written(out.str());
+    const std::vector<std::string> lines = TextLines(out.str());
     std::vector<std::string>& text = edit.changes[at].second;
-    for (std::string line; std::getline(written, line);) text.push_back(line);
+    text.insert(text.end(), lines.begin(), lines.end());
   }
   Commit(edit);
   return 0;
@@ -325,7 +325,7 @@ int RunToRsv(const Args& args) {
   const std::string& rsv = args[1];
   LoadKrn(krn);  // only the checks: missing, unreadable, not a KRN file
   std::error_code ec;
-  const bool existed = std::filesystem::exists(rsv, ec);
+  const bool existed = std::filesystem::exists(std::filesystem::u8path(rsv), ec);
   if (existed && !IsHdf5File(rsv)) Fail(rsv + " is not an RSV (HDF5) file; not overwriting it");
   CNVX3DComputation computation;
   if (!computation.LoadKRNFile(krn.c_str())) Fail("cannot read " + krn);
@@ -335,7 +335,7 @@ int RunToRsv(const Args& args) {
       rsv,
       [&](const std::string& fresh, std::string* error) {
         // A new RSV file is created where the empty fresh file stands.
-        if (!existed) std::filesystem::remove(fresh, ec);
+        if (!existed) std::filesystem::remove(std::filesystem::u8path(fresh), ec);
         computation.SetRSVFilePath(fresh);
         errno = 0;
         if (computation.WriteRSVFile()) return true;

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <sstream>
 
+#include "ToolPlatform.h"
 #include "core/KeyText.h"
 #include "krn/KRNDocument.h"
 #include "krn/KRNLine.h"
@@ -48,6 +49,7 @@ KrnFile KrnFile::Parse(const std::string& bytes) {
     }
     file.lines.push_back(std::move(line));
   }
+  file.lineEnd = sys::TextNewline();
   for (const RawLine& line : file.lines) {
     if (!line.end.empty()) {
       file.lineEnd = line.end;
@@ -128,6 +130,12 @@ SectionWalk KrnFile::Walk(const SectionSpan& span, const nvx::KeyList& keys) con
   return walk;
 }
 
+std::vector<std::string> TextLines(const std::string& text) {
+  std::vector<std::string> lines;
+  for (const RawLine& line : KrnFile::Parse(text).lines) lines.push_back(line.text);
+  return lines;
+}
+
 std::vector<std::string> KeyText(const nvx::Key& key) {
   std::vector<std::string> out;
   if (key.kind == nvx::KeyKind::kCustom) {
@@ -136,10 +144,7 @@ std::vector<std::string> KeyText(const nvx::Key& key) {
     nvx::KrnStream stream(text);
     stream.Precision(15);
     key.custom->writeKrn(key, stream);
-    std::string line;
-    std::istringstream lines(text.str());
-    while (std::getline(lines, line)) out.push_back(line);
-    return out;
+    return TextLines(text.str());
   }
   std::string value;
   switch (key.kind) {

@@ -63,9 +63,14 @@ class KrnFile {
   std::vector<SectionSpan> sections;  // file order, repeated sections included
   // The line the scanner stops at (a line too long for it), or lines.size().
   std::size_t scanEnd = 0;
-  // The ending new lines get: the file's first ending, "\n" when it has none.
-  std::string lineEnd = "\n";
+  // The ending new lines get: the file's first ending, the system's text line
+  // ending when it has none.
+  std::string lineEnd;
 };
+
+// The lines of `text` without their endings ("\n" or "\r\n"), as the library
+// writes them on either system.
+std::vector<std::string> TextLines(const std::string& text);
 
 // The KRN lines of `key` as the library writes them, values from its field;
 // doubles are written in their shortest exact form, ints with their bias.

@@ -10,10 +10,9 @@
 #include <new>
 #include <sstream>
 
-#include <unistd.h>
-
 #include "NVX3DRSVExTool.h"
 #include "NVXPlatform.h"
+#include "ToolPlatform.h"
 #include "core/KeyText.h"
 #include "krn/KRNDocument.h"
 #include "krn/KRNDocumentWriter.h"
@@ -37,11 +36,12 @@ std::string Nearest(const std::string& name, const std::vector<std::string>& can
 }
 
 void RequireReadableFile(const std::string& path) {
+  const fs::path file = fs::u8path(path);
   std::error_code ec;
-  if (!fs::exists(path, ec)) Fail(path + ": no such file");
-  if (fs::is_directory(path, ec)) Fail(path + " is a directory");
-  if (!fs::is_regular_file(path, ec)) Fail(path + " is not a regular file");
-  if (!std::ifstream(path)) Fail("cannot read " + path + ": " + std::strerror(errno));
+  if (!fs::exists(file, ec)) Fail(path + ": no such file");
+  if (fs::is_directory(file, ec)) Fail(path + " is a directory");
+  if (!fs::is_regular_file(file, ec)) Fail(path + " is not a regular file");
+  if (!std::ifstream(file)) Fail("cannot read " + path + ": " + std::strerror(errno));
 }
 
 // Whether `table` holds an item of `key` (of the key's own type).
@@ -102,7 +102,7 @@ Params DefaultParams(int modelKind, int analysisType) {
 
 std::string ReadFileBytes(const std::string& path) {
   RequireReadableFile(path);
-  std::ifstream in(path, std::ios::binary);
+  std::ifstream in(fs::u8path(path), std::ios::binary);
   std::ostringstream bytes;
   bytes << in.rdbuf();
   if (in.bad()) Fail("cannot read " + path + ": " + std::strerror(errno));
@@ -111,18 +111,17 @@ std::string ReadFileBytes(const std::string& path) {
 
 void RequireWritable(const std::string& path) {
   std::error_code ec;
-  if (fs::is_directory(path, ec)) Fail(path + " is a directory");
-  fs::path folder = fs::path(path).parent_path();
+  if (fs::is_directory(fs::u8path(path), ec)) Fail(path + " is a directory");
+  fs::path folder = fs::u8path(path).parent_path();
   if (folder.empty()) folder = ".";
-  if (!fs::is_directory(folder, ec))
-    Fail("cannot write " + path + ": no folder " + folder.string());
-  if (::access(folder.c_str(), W_OK) != 0) {
-    const int reason = errno;
+  const std::string name = folder.u8string();
+  if (!fs::is_directory(folder, ec)) Fail("cannot write " + path + ": no folder " + name);
+  if (const int reason = sys::FolderWriteError(name); reason != 0) {
     if (reason == EROFS) {
-      Fail("cannot write " + path + ": the folder " + folder.string() +
-           " is on a read-only file system (" + std::strerror(reason) + ")");
+      Fail("cannot write " + path + ": the folder " + name + " is on a read-only file system (" +
+           std::strerror(reason) + ")");
     }
-    Fail("cannot write " + path + ": the folder " + folder.string() + " is read-only (" +
+    Fail("cannot write " + path + ": the folder " + name + " is read-only (" +
          std::strerror(reason) + ")");
   }
 }

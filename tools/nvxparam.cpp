@@ -3,9 +3,8 @@
 // an RSV file. Sections and keys are reached through the sections' key lists,
 // so a section that gets records needs no code here. The verbs live in
 // EditVerbs.cpp, InspectVerbs.cpp and CheckVerb.cpp.
-#include <unistd.h>
-
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -17,6 +16,7 @@
 
 #include "GuardedRun.h"
 #include "NVXHostHooks.h"
+#include "ToolPlatform.h"
 #include "Verbs.h"
 
 #ifndef NVXPARAM_VERSION
@@ -223,17 +223,16 @@ class StdinFile {
   StdinFile(const StdinFile&) = delete;
   StdinFile& operator=(const StdinFile&) = delete;
   ~StdinFile() {
-    if (!path_.empty()) std::remove(path_.c_str());
+    std::error_code ec;
+    if (!path_.empty()) std::filesystem::remove(std::filesystem::u8path(path_), ec);
   }
   const std::string& Take() {
     if (!path_.empty()) Fail("standard input can be read only once");
-    std::string pattern =
-        (std::filesystem::temp_directory_path() / "nvxparam-stdin-XXXXXX").string();
-    const int fd = ::mkstemp(pattern.data());
-    if (fd < 0) Fail(std::string("cannot keep standard input: ") + std::strerror(errno));
-    ::close(fd);
-    path_ = pattern;
-    std::ofstream out(path_, std::ios::binary);
+    std::string error;
+    path_ = nvxparam::sys::MakePrivateTempFile("nvxparam-stdin-", &error);
+    if (path_.empty()) Fail("cannot keep standard input: " + error);
+    nvxparam::sys::BinaryStandardInput();
+    std::ofstream out(std::filesystem::u8path(path_), std::ios::binary);
     out << std::cin.rdbuf();
     if (!out.flush()) Fail("cannot keep standard input: " + std::string(std::strerror(errno)));
     return path_;
@@ -277,12 +276,22 @@ int Run(const Args& argv) {
   // An RSV file may be damaged so that the HDF5 library crashes or hangs on it;
   // such a file is read in a child process under time and memory limits.
   if (verb->readsRsv) {
+    Args command = args;
+    command.insert(command.begin(), verb->name);
     for (const std::string& arg : args) {
       if (nvxparam::IsHdf5File(arg))
-        return nvxparam::RunGuarded(arg, [&] { return verb->run(args); });
+        return nvxparam::RunGuarded(arg, command, [&] { return verb->run(args); });
     }
   }
   return verb->run(args);
+}
+
+// The command of a guarded child started afresh: a verb and its arguments as
+// the parent prepared them, run without a further guard.
+int RunGuardedCommand(const Args& command) {
+  const Verb* verb = command.empty() ? nullptr : FindVerb(command[0]);
+  if (verb == nullptr) Fail("a guarded command without a verb");
+  return verb->run(Args(command.begin() + 1, command.end()));
 }
 
 }  // namespace
@@ -292,7 +301,9 @@ int main(int argc, char** argv) {
   // instead of ending the process inside the library.
   NVXSetCantOpenHandler([](const char*) {});
   try {
-    return Run(Args(argv + 1, argv + argc));
+    const Args args = nvxparam::sys::CommandArguments(argc, argv);
+    nvxparam::RunIfGuardedChild(args, RunGuardedCommand);
+    return Run(args);
   } catch (const nvxparam::Failure& e) {
     std::cout.flush();
     std::cerr << "nvxparam: " << e.what() << std::endl;

@@ -1,21 +1,37 @@
 // nvxparam's writes on a full and on a read-only file system, an empty file
 // given to every verb, and corrupt RSV files read in a guarded child.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "TestUtil.h"
+#include "tools/RunTool.h"
+
+#ifndef _WIN32
 #include "TinyFileSystem.h"
+#endif
 
 namespace {
 
 using nvxtest::ReadText;
 using nvxtest::TempDir;
-using nvxtest::TinyFileSystem;
 using nvxtest::WriteText;
+
+#ifdef _WIN32
+// The full and read-only file systems are a tmpfs mounted for the test;
+// Windows has none, and these tests skip.
+class TinyFileSystem {
+ public:
+  bool Ready() const { return false; }
+  std::string Reason() const { return "a tiny tmpfs can be mounted only on POSIX systems"; }
+  std::string File(const std::string&) const { return {}; }
+  void Fill() {}
+  bool MakeReadOnly() { return false; }
+};
+#else
+using nvxtest::TinyFileSystem;
+#endif
 
 struct Result {
   int status;  // exit status, or 128 + signal
@@ -23,18 +39,14 @@ struct Result {
 };
 
 Result Tool(const TempDir& scratch, const std::vector<std::string>& args) {
-  std::string command = NVXPARAM_PATH;
-  for (const std::string& arg : args) command += " '" + arg + "'";
-  command += " >/dev/null 2>'" + scratch.File("err") + "'";
-  const int raw = std::system(command.c_str());
-  const int status = WIFEXITED(raw) ? WEXITSTATUS(raw) : 128 + WTERMSIG(raw);
-  return {status, ReadText(scratch.File("err"))};
+  const int status = nvxtest::RunProgram(NVXPARAM_PATH, args, "", "", scratch.File("err"));
+  return {status, nvxtest::ReadOutput(scratch.File("err"))};
 }
 
 class NvxParamFaults : public ::testing::Test {
  protected:
-  void SetUp() override { ::setenv("XDG_CONFIG_HOME", scratch_.File("config").c_str(), 1); }
   TempDir scratch_;
+  nvxtest::UserDirScope user_{scratch_.File("config")};
 };
 
 TEST_F(NvxParamFaults, FullDiskFailsWithItsCauseAndKeepsEveryFile) {

@@ -1,22 +1,21 @@
 // nvxparam run as a program on real files in a private directory.
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <sys/wait.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "NVX3DRSVExTool.h"
+#include "TestUtil.h"
+#include "tools/RunTool.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using nvxtest::ReadText;
+using nvxtest::WriteText;
 
 struct Result {
   int status;
@@ -24,42 +23,25 @@ struct Result {
   std::string err;
 };
 
-std::string ReadText(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-void WriteText(const fs::path& path, const std::string& text) {
-  std::ofstream(path, std::ios::binary) << text;
+// `text` with CR LF line ends read as LF: files the library writes end their
+// lines the system's way.
+std::string Lf(const std::string& text) {
+  std::string lf;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (!(text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n')) lf += text[i];
+  }
+  return lf;
 }
 
 class NvxParamTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "nvxparam_test-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-    dir_ = pattern;
-    // No per-user template of the machine may change the defaults.
-    ::setenv("XDG_CONFIG_HOME", (dir_ / "config").c_str(), 1);
-  }
-  void TearDown() override { fs::remove_all(dir_); }
+  std::string Path(const std::string& name) const { return dir_.File(name); }
 
-  std::string Path(const std::string& name) const { return (dir_ / name).string(); }
-
-  Result Run(const std::vector<std::string>& args) const {
-    std::string command = NVXPARAM_PATH;
-    for (std::string arg : args) {
-      for (std::size_t i = 0; (i = arg.find('\'', i)) != std::string::npos; i += 4) {
-        arg.replace(i, 1, "'\\''");
-      }
-      command += " '" + arg + "'";
-    }
-    command += " >'" + Path("out.txt") + "' 2>'" + Path("err.txt") + "'";
-    const int raw = std::system(command.c_str());
-    return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, ReadText(Path("out.txt")),
-            ReadText(Path("err.txt"))};
+  // nvxparam with `args`, standard input from the file `in` when given.
+  Result Run(const std::vector<std::string>& args, const std::string& in = "") const {
+    const int status =
+        nvxtest::RunProgram(NVXPARAM_PATH, args, in, Path("out.txt"), Path("err.txt"));
+    return {status, nvxtest::ReadOutput(Path("out.txt")), nvxtest::ReadOutput(Path("err.txt"))};
   }
 
   // The value `get` prints, without its line end; fails the test on an error.
@@ -69,7 +51,9 @@ class NvxParamTest : public ::testing::Test {
     return r.out.substr(0, r.out.find('\n'));
   }
 
-  fs::path dir_;
+  nvxtest::TempDir dir_;
+  // No per-user template of the machine may change the defaults.
+  nvxtest::UserDirScope user_{dir_.File("config")};
 };
 
 TEST_F(NvxParamTest, NewWritesTheDefaultsOfTheModelKindAndNeverOverwrites) {
@@ -100,7 +84,7 @@ TEST_F(NvxParamTest, SetEditsOnlyTheLinesOfItsKeysInTheFilesOwnForm) {
   const std::string file = Path("a.krn");
   ASSERT_EQ(Run({"new", file}).status, 0);
   // Comments, unknown sections and CRLF endings are the user's: set keeps them.
-  std::string text = ReadText(file);
+  std::string text = Lf(ReadText(file));
   for (std::size_t i = 0; (i = text.find('\n', i)) != std::string::npos; i += 2)
     text.insert(i, "\r");
   text = "# mine\r\n<MY_SECTION>\r\nX = 1\r\n</MY_SECTION>\r\n" + text;
@@ -160,6 +144,30 @@ TEST_F(NvxParamTest, SetWritesEveryLineOfASharedValueAndRefusesFixedKeys) {
   EXPECT_EQ(Run({"unset", file, "SUMMARY"}).status, 1);
 }
 
+TEST_F(NvxParamTest, EditsKeepTheLineEndsOfACrLfFile) {
+  // Lines the edit adds (a key, a whole section) take the file's line end
+  // whatever the system writes new files with.
+  const std::string file = Path("crlf.krn");
+  WriteText(file,
+            "<SUMMARY>\r\nFlag3D = 1\r\nCreater = x\r\n</SUMMARY>\r\n<SOLID_FILL>\r\n"
+            "IDSolver = 0\r\n</SOLID_FILL>\r\n");
+  ASSERT_EQ(Run({"set", file, "SOLID_FILL.IDSolver=2"}).status, 0);
+  ASSERT_EQ(Run({"add", file, "SOLID_FILL.FlagInertia=1", "FILL_OUTPUT_TIMES"}).status, 0);
+  ASSERT_EQ(Run({"unset", file, "SUMMARY.Creater"}).status, 0);
+  const std::string text = ReadText(file);
+  ASSERT_FALSE(text.empty());
+  EXPECT_EQ(text.back(), '\n');
+  EXPECT_EQ(text.find("\r\r"), std::string::npos) << text;
+  for (std::size_t i = 0; (i = text.find('\n', i)) != std::string::npos; ++i) {
+    ASSERT_TRUE(i > 0 && text[i - 1] == '\r') << "line end without CR at byte " << i << ":\n"
+                                              << text;
+  }
+  EXPECT_EQ(text.find("Creater"), std::string::npos);
+  EXPECT_EQ(Get(file, "SOLID_FILL.IDSolver"), "2");
+  EXPECT_EQ(Get(file, "SOLID_FILL.FlagInertia"), "1");
+  EXPECT_EQ(Run({"get", file, "FILL_OUTPUT_TIMES.ValueNoFillOutputTime"}).status, 0);
+}
+
 TEST_F(NvxParamTest, RejectedCommandsNameTheProblemAndLeaveTheFileAsItWas) {
   const std::string file = Path("a.krn");
   ASSERT_EQ(Run({"new", file}).status, 0);
@@ -188,7 +196,7 @@ TEST_F(NvxParamTest, RejectedCommandsNameTheProblemAndLeaveTheFileAsItWas) {
   // is still written back: set falls back to the writer that keeps it.
   ASSERT_NE(before.find("<SOLID_VE_CURING_STRESS>"), std::string::npos);
   EXPECT_EQ(Run({"set", file, "SOLID_VE_STRESS.Version=3"}).status, 0);
-  const std::string after = ReadText(file);
+  const std::string after = Lf(ReadText(file));
   EXPECT_NE(after.find("<SOLID_VE_STRESS>\nVersion = 3\n"), std::string::npos);
   EXPECT_NE(after.find("<SOLID_VE_CURING_STRESS>"), std::string::npos);
 }
@@ -213,7 +221,7 @@ TEST_F(NvxParamTest, RsvRoundTripKeepsValuesAndOutputTimes) {
   const std::string krn = Path("a.krn"), rsv = Path("a.rsv"), back = Path("back.krn");
   ASSERT_EQ(Run({"new", krn}).status, 0);
   ASSERT_EQ(Run({"set", krn, "SOLID_FILL.FlagInertia=1", "SUMMARY.Creater=me"}).status, 0);
-  std::string text = ReadText(krn);
+  std::string text = Lf(ReadText(krn));
   const std::string count = "ValueNoFillOutputTime = 0\n";
   ASSERT_NE(text.find(count), std::string::npos);
   text.replace(text.find(count), count.size(), "ValueNoFillOutputTime = 2\n1 = 0.5\n2 = 1.5\n");
@@ -322,15 +330,11 @@ TEST_F(NvxParamTest, DiffCheckAndJsonAnswerWithTheirExitStatus) {
 TEST_F(NvxParamTest, StandardInputVersionAndDirectoriesAreUnderstood) {
   const std::string a = Path("a.krn");
   ASSERT_EQ(Run({"new", a}).status, 0);
-  const std::string command = std::string(NVXPARAM_PATH) + " get - SUMMARY.Flag3D <'" + a + "'";
-  FILE* pipe = ::popen(command.c_str(), "r");
-  ASSERT_NE(pipe, nullptr);
-  char buf[16] = {};
-  ASSERT_NE(std::fgets(buf, sizeof buf, pipe), nullptr);
-  EXPECT_EQ(::pclose(pipe), 0);
-  EXPECT_STREQ(buf, "1\n");
+  const Result in = Run({"get", "-", "SUMMARY.Flag3D"}, a);
+  EXPECT_EQ(in.status, 0) << in.err;
+  EXPECT_EQ(in.out, "1\n");
   EXPECT_EQ(Run({"--version"}).out.rfind("nvxparam ", 0), 0u);
-  const Result r = Run({"show", dir_.string()});
+  const Result r = Run({"show", dir_.Path()});
   EXPECT_EQ(r.status, 2);
   EXPECT_NE(r.err.find("is a directory"), std::string::npos) << r.err;
 }
