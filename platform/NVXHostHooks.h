@@ -17,15 +17,19 @@
 #endif
 
 // Writes the per-user directory of the current release into `buffer` (of
-// `size` bytes, NUL-terminated) and creates it when missing. The directory is
-// "<config>/NVXComputationEngine/<release>", where <config> is $XDG_CONFIG_HOME,
-// or $HOME/.config when that is unset. Returns false when neither variable is
-// set, the path does not fit `size` (at most 259 characters for the usual 260),
-// or the directory cannot be created.
+// `size` bytes, NUL-terminated, UTF-8) and creates it when missing. The
+// directory is "<config>/NVXComputationEngine/<release>" with the system's
+// separator. On Windows <config> is %APPDATA% when set and not empty, else the
+// user's roaming application data folder; elsewhere it is $XDG_CONFIG_HOME
+// when set and not empty, else $HOME/.config. Returns false when there is no
+// such directory, the path does not fit `size` (at most 259 bytes for the
+// usual 260), or the directory cannot be created.
 NVX_API bool NVXGetReleaseVersionCurUserDirectory(char* buffer, int size);
 
 // Host hooks. A message box or a debugger text of the library goes to the
-// installed handler; the default handlers print to standard error. Passing
+// installed handler. The texts are UTF-8. The default handlers: on Windows a
+// message box is shown without an owner and a debugger text goes to the
+// debugger and to standard error; elsewhere both print to standard error. Passing
 // nullptr restores the default. Handlers are process-wide; install them before
 // the library is used from several threads.
 using NVXMessageBoxHandler = void (*)(const char* text, const char* caption);

@@ -1,8 +1,11 @@
 // The platform module on POSIX systems: processor and memory queries, the
-// per-user directory, host message hooks, local time, UTF-8 conversion and
-// file queries.
+// per-user directory, host message hooks, local time, file queries and the
+// INI lookup (libinih). Narrow paths go to the system unchanged: they are
+// UTF-8, and so are the file names of the systems this file serves.
 #include "NVXPlatform.h"
 
+#include <ini.h>
+#include <strings.h>
 #include <sys/stat.h>
 #include <time.h>
 #include <unistd.h>
@@ -43,26 +46,6 @@ bool MakeDirectories(const std::string& path) {
   }
   return nvx::platform::DirectoryExists(path);
 }
-
-void AppendUtf8(std::string& out, char32_t c) {
-  if (c < 0x80) {
-    out += static_cast<char>(c);
-  } else if (c < 0x800) {
-    out += static_cast<char>(0xC0 | (c >> 6));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  } else if (c < 0x10000) {
-    out += static_cast<char>(0xE0 | (c >> 12));
-    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  } else {
-    out += static_cast<char>(0xF0 | (c >> 18));
-    out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  }
-}
-
-constexpr char32_t kReplacement = 0xFFFD;
 
 }  // namespace
 
@@ -129,50 +112,7 @@ bool LocalTime(std::time_t t, std::tm* out) {
   return out != nullptr && ::localtime_r(&t, out) != nullptr;
 }
 
-std::string WideToNarrow(const std::wstring& wide) {
-  std::string out;
-  out.reserve(wide.size());
-  for (wchar_t w : wide) {
-    auto c = static_cast<char32_t>(w);
-    if (c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF)) c = kReplacement;
-    AppendUtf8(out, c);
-  }
-  return out;
-}
-
-std::wstring NarrowToWide(const std::string& narrow) {
-  static const char32_t kMin[] = {0, 0x80, 0x800, 0x10000};
-  std::wstring out;
-  out.reserve(narrow.size());
-  const auto* s = reinterpret_cast<const unsigned char*>(narrow.data());
-  const std::size_t n = narrow.size();
-  std::size_t i = 0;
-  while (i < n) {
-    const unsigned char b = s[i];
-    std::size_t extra = 0;
-    char32_t c = b;
-    if (b >= 0x80) {
-      if ((b & 0xE0) == 0xC0) {
-        extra = 1, c = b & 0x1F;
-      } else if ((b & 0xF0) == 0xE0) {
-        extra = 2, c = b & 0x0F;
-      } else if ((b & 0xF8) == 0xF0) {
-        extra = 3, c = b & 0x07;
-      } else {
-        extra = 4;  // not a lead byte
-      }
-    }
-    bool ok = extra < 4 && i + extra < n;
-    for (std::size_t k = 1; ok && k <= extra; ++k) {
-      ok = (s[i + k] & 0xC0) == 0x80;
-      c = (c << 6) | (s[i + k] & 0x3F);
-    }
-    ok = ok && c >= kMin[extra] && c <= 0x10FFFF && !(c >= 0xD800 && c <= 0xDFFF);
-    out += static_cast<wchar_t>(ok ? c : kReplacement);
-    i += ok ? extra + 1 : 1;
-  }
-  return out;
-}
+std::string_view TextLineEnd() { return "\n"; }
 
 bool FileExists(const std::string& path) {
   struct stat st;
@@ -185,6 +125,41 @@ bool DirectoryExists(const std::string& path) {
 }
 
 bool MakeDirectory(const std::string& path) { return MakeDirectories(path); }
+
+namespace {
+
+// Longest value text a profile lookup returns.
+constexpr std::size_t kMaxProfileValue = 255;
+
+// The profile functions' rules on top of libinih's parse: names match without
+// regard to case and the first occurrence of a key counts.
+struct ProfileQuery {
+  const std::string* section;
+  const std::string* key;
+  std::string value;
+  bool found = false;
+};
+
+int CollectProfileValue(void* user, const char* section, const char* name, const char* value) {
+  auto* query = static_cast<ProfileQuery*>(user);
+  if (!query->found && ::strcasecmp(section, query->section->c_str()) == 0 &&
+      ::strcasecmp(name, query->key->c_str()) == 0) {
+    query->value = value != nullptr ? value : "";
+    if (query->value.size() > kMaxProfileValue) query->value.resize(kMaxProfileValue);
+    query->found = true;
+  }
+  return 1;  // keep going: a bad line never stops the read
+}
+
+}  // namespace
+
+bool ReadProfileString(const std::string& path, const std::string& section, const std::string& key,
+                       const std::string& fallback, std::string* value) {
+  ProfileQuery query{&section, &key, {}};
+  if (::ini_parse(path.c_str(), CollectProfileValue, &query) == -1) return false;
+  *value = query.found ? std::move(query.value) : fallback;
+  return true;
+}
 
 }  // namespace platform
 }  // namespace nvx

@@ -3,6 +3,8 @@
 
 #include <sstream>
 
+#include "NVX3DComputation.h"
+#include "TestUtil.h"
 #include "krn/KRNDocument.h"
 #include "krn/KRNLine.h"
 
@@ -96,4 +98,36 @@ TEST(KrnScan, UnreadableFileChangesNothing) {
   CNVX3DKRNDocument doc = ScanText("<SUMMARY>\n</SUMMARY>\n");
   EXPECT_FALSE(doc.Scan("/nonexistent/dir/file.krn"));
   EXPECT_TRUE(doc.IsPresent(KrnTag::kSummary));
+}
+
+TEST(KrnScan, EitherSystemsLineEndsReadAlike) {
+  // The same file with LF, CR LF and CR CR LF line ends: the same lines, none
+  // with a CR, and the same values.
+  const std::string lf =
+      "<?xml version=\"1.0\"?>\n<KRN_FILE>\n<SUMMARY>\nCreater = Me\nFlag3D = 1\n"
+      "</SUMMARY>\n</KRN_FILE>\n";
+  nvxtest::TempDir dir;
+  std::vector<std::string> lfLines;
+  for (const std::string end : {"\n", "\r\n", "\r\r\n"}) {
+    std::string text;
+    for (char c : lf) text += c == '\n' ? end : std::string(1, c);
+    const std::string path = dir.File("f.krn");
+    nvxtest::WriteText(path, text);
+
+    CNVX3DKRNDocument doc;
+    ASSERT_TRUE(doc.Scan(path));
+    if (lfLines.empty()) lfLines = doc.Lines();
+    EXPECT_EQ(doc.Lines(), lfLines) << end.size();
+
+    CNVX3DComputation c;
+    ASSERT_TRUE(c.LoadKRNFile(path.c_str()));
+    std::string creater;
+    c.GetSummaryCreater(creater);
+    EXPECT_EQ(creater, "Me") << end.size();
+    bool flag3D = false;
+    c.GetSummaryFlag3D(flag3D);
+    EXPECT_TRUE(flag3D) << end.size();
+  }
+  EXPECT_EQ(lfLines,
+            (std::vector<std::string>{"<SUMMARY>", "Creater = Me", "Flag3D = 1", "</SUMMARY>"}));
 }

@@ -2,9 +2,12 @@
 // from section to section.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include "NVX3DComputation.h"
+#include "NVXPlatform.h"
 #include "TestUtil.h"
 #include "core/NVX3DComputationImpl.h"
 #include "krn/KRNDocumentWriter.h"
@@ -102,9 +105,40 @@ TEST(KrnWriters, NotationCarriesOverUntilAnOutputTimesSectionResetsIt) {
   impl.sections.fillPack->FillTimes.At(0) = value;
   WriteKrnSection(*FindSection(KrnTag::kFillOutputTimes), out, impl, false);
   const std::string text = os.str();
-  EXPECT_NE(text.find("ValueGravityX = 1.234567e-01\n"), std::string::npos);
-  EXPECT_NE(text.find("IDEfficiencyFactor = 1.000000e+00\n"), std::string::npos);
-  EXPECT_NE(text.find("1 = 0.123457\n"), std::string::npos);
+  const std::string nl(platform::TextLineEnd());
+  EXPECT_NE(text.find("ValueGravityX = 1.234567e-01" + nl), std::string::npos);
+  EXPECT_NE(text.find("IDEfficiencyFactor = 1.000000e+00" + nl), std::string::npos);
+  EXPECT_NE(text.find("1 = 0.123457" + nl), std::string::npos);
+}
+
+TEST(KrnWriters, NonAsciiFileNameIsWrittenAndReadBack) {
+  // Narrow paths are UTF-8 on every system.
+  nvxtest::TempDir dir;
+  const std::string path = dir.File("t\xc3\xabst-\xe4\xb8\xad.krn");
+  NVXData d{};
+  d.KRNFilePath = path;
+  d.LoadMode = 1;
+  d.ModelKind = 2;
+  CNVX3DComputation c;
+  ASSERT_TRUE(c.LoadKRNFile(d));
+  c.SetSummaryFile(L"first");
+  ASSERT_TRUE(c.WriteKRNFile(path, 0));
+  c.SetSummaryFile(L"s\u00e9cond");
+  ASSERT_TRUE(c.WriteKRNFile(path, 0));  // replaces the file just written
+  ASSERT_EQ(std::filesystem::directory_iterator(dir.Path())->path().filename(),
+            platform::NativePath("t\xc3\xabst-\xe4\xb8\xad.krn"));
+
+  std::ifstream in(platform::NativePath(path), std::ios::binary);
+  const std::string text{std::istreambuf_iterator<char>(in), {}};
+  const std::string nl(platform::TextLineEnd());
+  EXPECT_EQ(text.rfind("<?xml version=\"1.0\"?>" + nl + "<KRN_FILE>" + nl, 0), 0u);
+  EXPECT_NE(text.find("File = " + platform::WideToNarrow(L"s\u00e9cond") + nl), std::string::npos);
+
+  CNVX3DComputation back;
+  ASSERT_TRUE(back.LoadKRNFile(path.c_str()));
+  std::wstring file;
+  back.GetSummaryFile(file);
+  EXPECT_EQ(file, L"s\u00e9cond");
 }
 
 TEST(KrnWritersDeathTest, UnwritableFileEndsTheProcess) {

@@ -5,12 +5,17 @@
 #include <fstream>
 #include <memory>
 
+#include "NVXPlatform.h"
+
 namespace {
 
 enum class LineResult { kLine, kEnd, kTooLong };
 
-// Reads a stream in blocks and hands out its lines without their end-of-line
-// ("\n" or "\r\n"). At most a block and one line are held in memory.
+// Reads a stream in blocks and hands out its lines without their end-of-line:
+// "\n" or "\r\n", whichever system wrote the file, and any further carriage
+// returns before it (a CR LF file that went through a text-mode copy on
+// Windows ends its lines with "\r\r\n"), so that no tag or value keeps a CR.
+// At most a block and one line are held in memory.
 class LineReader {
  public:
   explicit LineReader(std::streambuf* in) : m_in(in) {}
@@ -19,16 +24,18 @@ class LineReader {
     line.clear();
     for (;;) {
       if (m_pos == m_size && !Fill()) {
-        // A last line without an end-of-line is taken as it stands.
-        return line.empty() ? LineResult::kEnd : LineResult::kLine;
+        // A last line without an end-of-line is taken like any other.
+        return line.empty() ? LineResult::kEnd : Finish(line);
       }
       const char* start = m_block + m_pos;
       const std::size_t left = m_size - m_pos;
       const void* nl = std::memchr(start, '\n', left);
       const std::size_t take =
           nl ? static_cast<std::size_t>(static_cast<const char*>(nl) - start) : left;
-      // One character of slack for the '\r' of a "\r\n" ending.
-      if (line.size() + take > CNVX3DKRNDocument::kMaxLineLength + 1) return LineResult::kTooLong;
+      // Slack for the carriage returns of the line end.
+      if (line.size() + take > CNVX3DKRNDocument::kMaxLineLength + kCarriageReturnSlack) {
+        return LineResult::kTooLong;
+      }
       line.append(start, take);
       m_pos += take;
       if (nl != nullptr) {
@@ -39,8 +46,10 @@ class LineReader {
   }
 
  private:
+  static constexpr std::size_t kCarriageReturnSlack = 8;
+
   static LineResult Finish(std::string& line) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
+    while (!line.empty() && line.back() == '\r') line.pop_back();
     return line.size() > CNVX3DKRNDocument::kMaxLineLength ? LineResult::kTooLong
                                                            : LineResult::kLine;
   }
@@ -67,7 +76,8 @@ bool OpeningTag(const std::string& line, nvx::KrnTag* tag) {
 }  // namespace
 
 bool CNVX3DKRNDocument::Scan(const std::string& path) {
-  std::ifstream in(path);
+  // Binary: the line ends are taken off by the reader, alike on every system.
+  std::ifstream in(nvx::platform::NativePath(path), std::ios::binary);
   if (!in.is_open()) return false;
   Scan(in);
   return true;

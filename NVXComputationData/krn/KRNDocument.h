@@ -30,7 +30,8 @@ class CNVX3DKRNDocument {
   // Longest line the scanner accepts; a longer line ends the scan.
   static constexpr std::size_t kMaxLineLength = 511;
 
-  // Scans the file. False when it cannot be opened: then nothing changes.
+  // Scans the file (a UTF-8 path). False when it cannot be opened: then
+  // nothing changes.
   // Otherwise the line store and the section-present flags are replaced by
   // what this file holds.
   bool Scan(const std::string& path);

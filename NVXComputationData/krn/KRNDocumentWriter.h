@@ -23,7 +23,8 @@ std::vector<KrnTag> DocumentSections(DocumentWriter writer, const CNVX3DComputat
 bool WriteKrnDocument(DocumentWriter writer, std::ostream& os, CNVX3DComputationImpl& impl);
 
 // Writes the document as the file `path`. The old file is replaced only once
-// the new one is completely on disk (keeping its permission bits); a failed
+// the new one is completely on disk (keeping its permission bits, or its
+// attributes on Windows); lines end with the system's text line end; a failed
 // write returns false and leaves the old file whole. A file that cannot be
 // opened for writing at all goes to the "Can't open" handler, which by default
 // prints "Can't open" on standard error and ends the process with status 1:

@@ -3,7 +3,13 @@
 
 #include <charconv>
 
+#include "NVXPlatform.h"
+
 namespace nvx {
+
+KrnStream::KrnStream(std::ostream& os) : m_os(&os), m_lineEnd(platform::TextLineEnd()) {}
+
+KrnStream::KrnStream(std::string& text) : m_text(&text), m_lineEnd(platform::TextLineEnd()) {}
 
 std::string_view FormatKrnDouble(double v, bool fixed, bool scientific, int precision,
                                  char (&buffer)[400]) {

@@ -5,10 +5,10 @@
 //
 // Text goes either into a string (the document writers build the whole file
 // in memory and hand it to the file system in one write) or straight into an
-// ostream. Lines end with '\n' and never flush: a KRN file is written to a
-// fresh file that replaces the old one only once complete and flushed, so a
-// reader never sees a partial file and a flush per line would change nothing
-// but the time taken.
+// ostream. Lines end with the system's text line end ("\r\n" on Windows, "\n"
+// elsewhere) and never flush: a KRN file is written to a fresh file that
+// replaces the old one only once complete and flushed, so a reader never sees
+// a partial file and a flush per line would change nothing but the time taken.
 #ifndef NVX_KRN_KRNSTREAM_H_
 #define NVX_KRN_KRNSTREAM_H_
 
@@ -21,8 +21,13 @@ namespace nvx {
 
 class KrnStream {
  public:
-  explicit KrnStream(std::ostream& os) : m_os(&os) {}
-  explicit KrnStream(std::string& text) : m_text(&text) {}
+  // Lines end with the system's text line end.
+  explicit KrnStream(std::ostream& os);
+  explicit KrnStream(std::string& text);
+  // Lines end with `lineEnd` (a literal or other text that outlives the
+  // stream), e.g. to keep the line ends of a file being edited.
+  KrnStream(std::ostream& os, std::string_view lineEnd) : m_os(&os), m_lineEnd(lineEnd) {}
+  KrnStream(std::string& text, std::string_view lineEnd) : m_text(&text), m_lineEnd(lineEnd) {}
 
   // Notation back to general (fixed and scientific both cleared).
   void General() { m_fixed = m_scientific = false; }
@@ -46,13 +51,14 @@ class KrnStream {
   }
   KrnStream& Int(std::int64_t v);
   KrnStream& Double(double v);
-  KrnStream& EndLine() { return Text("\n"); }
+  KrnStream& EndLine() { return Text(m_lineEnd); }
   // A whole line: text and end of line.
   KrnStream& Line(std::string_view s) { return Text(s).EndLine(); }
 
  private:
   std::ostream* m_os = nullptr;
   std::string* m_text = nullptr;
+  std::string_view m_lineEnd;
   bool m_fixed = false;
   bool m_scientific = false;
   int m_precision = 6;

@@ -1,13 +1,9 @@
 // Creating and reading the per-user foaming material table.
 #include "userfiles/FoamingMaterial.h"
 
-#include <ini.h>
-
-#include <cctype>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <map>
 
 #include "NVXPlatform.h"
 #include "core/NVX3DComputationImpl.h"
@@ -20,8 +16,6 @@ constexpr char kFillerSuffix[] = "_Filler";
 constexpr char kDefaultKey[] = "Default";
 // Size of the buffer the per-user directory and the file path must fit in.
 constexpr std::size_t kPathBuffer = 260;
-// Longest value text a lookup returns.
-constexpr std::size_t kMaxValue = 255;
 
 struct MaterialRow {
   const char* key;
@@ -40,28 +34,9 @@ constexpr MaterialRow kDefaultRows[] = {
     {"ABS", 1.6e-11},
 };
 
-std::string Lower(std::string s) {
-  for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return s;
-}
-
-// The keys of the material section, lower-cased, with the first value given
-// for each.
-using MaterialSection = std::map<std::string, std::string>;
-
-int CollectMaterialKey(void* user, const char* section, const char* name, const char* value) {
-  if (Lower(section) == Lower(kSection)) {
-    std::string text = value != nullptr ? value : "";
-    if (text.size() > kMaxValue) text.resize(kMaxValue);
-    static_cast<MaterialSection*>(user)->emplace(Lower(name), std::move(text));
-  }
-  return 1;  // keep going: a bad line never stops the read
-}
-
 // The value of `key`, or "0" when it is absent; "" and "0" read as missing.
-std::string Read(const MaterialSection& keys, const std::string& key) {
-  const auto it = keys.find(Lower(key));
-  return it != keys.end() ? it->second : "0";
+bool Read(const std::string& path, const std::string& key, std::string* text) {
+  return platform::ReadProfileString(path, kSection, key, "0", text);
 }
 
 bool Missing(const std::string& text) { return text.empty() || text == "0"; }
@@ -84,10 +59,11 @@ std::string EnsureFoamingMaterialFile() {
   char dir[kPathBuffer] = {};
   if (!NVXGetReleaseVersionCurUserDirectory(dir, static_cast<int>(sizeof dir))) return {};
   if (!platform::DirectoryExists(dir)) platform::MakeDirectory(dir);  // result not needed
-  std::string path = std::string(dir) + "/" + kFoamingMaterialFileName;
+  std::string path = platform::JoinPath(dir, kFoamingMaterialFileName);
   if (path.size() >= kPathBuffer) return {};
   if (!platform::FileExists(path)) {
-    std::ofstream file(path);
+    // Text mode: the file has the line ends of the system's own INI files.
+    std::ofstream file(platform::NativePath(path));
     if (!file) return {};
     file << DefaultFoamingMaterialText();
   }
@@ -96,12 +72,12 @@ std::string EnsureFoamingMaterialFile() {
 
 bool LookUpGasSolubility(const std::string& path, const std::string& material, bool filled,
                          double* solubility) {
-  MaterialSection keys;
-  if (ini_parse(path.c_str(), CollectMaterialKey, &keys) == -1) return false;
+  // Each key is one lookup, as the system's profile functions do it; a file
+  // that cannot be read fails the first one.
   std::string text = "0";
-  if (filled) text = Read(keys, material + kFillerSuffix);
-  if (Missing(text)) text = Read(keys, material);
-  if (Missing(text)) text = Read(keys, kDefaultKey);
+  if (filled && !Read(path, material + kFillerSuffix, &text)) return false;
+  if (Missing(text) && !Read(path, material, &text)) return false;
+  if (Missing(text) && !Read(path, kDefaultKey, &text)) return false;
   *solubility = std::atof(text.c_str());
   return true;
 }
