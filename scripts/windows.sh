@@ -1,0 +1,56 @@
+#!/usr/bin/env bash
+# Cross-builds the project for 64-bit Windows in build-windows/ and runs its
+# test suite under Wine; exits with CTest's status (it fails when a test fails
+# or when no test ran).
+#
+# The third-party libraries (HDF5, GoogleTest) are built once by
+# scripts/windows-thirdparty.sh into
+# ${NVX_WINDOWS_CACHE:-/var/cache/nvxcomputation-windows}/<key> and reused.
+# Extra arguments go to CTest (e.g. -R rsvtool).
+set -euo pipefail
+
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+root=$(cd "$here/.." && pwd)
+build=$root/build-windows
+jobs=${NVX_JOBS:-2}
+
+packages=(wine wine64)
+missing=()
+for p in "${packages[@]}"; do
+  dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+  SUDO=""
+  [ "$(id -u)" -ne 0 ] && SUDO="sudo"
+  $SUDO apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${missing[@]}"
+fi
+
+started=$(date +%s)
+prefix=$("$here/windows-thirdparty.sh" | tail -n 1)
+echo "windows: third-party libraries ready in $(($(date +%s) - started)) s: $prefix"
+
+# Wine runs without a display, quietly, in a prefix of the build folder.
+export WINEPREFIX=$build/wineprefix
+export WINEDEBUG=-all
+unset DISPLAY WAYLAND_DISPLAY
+mkdir -p "$build"
+if [ ! -f "$WINEPREFIX/system.reg" ]; then
+  wineboot -i >/dev/null 2>&1
+fi
+# A persistent server for the test discovery after each link and for CTest:
+# without it every start waits for the previous server to time out.
+wineserver -p
+trap 'wineserver -k >/dev/null 2>&1 || true' EXIT
+
+cmake -S "$root" -B "$build" \
+  -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64-x86_64.cmake" \
+  -DNVX_WINDOWS_PREFIX="$prefix" -DNVX_WINEPREFIX="$WINEPREFIX" \
+  -DHDF5_ROOT="$prefix" -DHDF5_USE_STATIC_LIBRARIES=ON \
+  -DGTest_DIR="$prefix/lib/cmake/GTest" -DCMAKE_PREFIX_PATH="$prefix" \
+  -DNVX_BUILD_PYTHON=OFF -DNVX_BUILD_BENCH=OFF
+cmake --build "$build" -j "$jobs"
+
+status=0
+(cd "$build" && ctest --output-on-failure --no-tests=error -j2 "$@") || status=$?
+exit "$status"
