@@ -9,6 +9,9 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
+// <windows.h> maps ReplaceFile to ReplaceFileW; the name here is this
+// module's own function.
+#undef ReplaceFile
 
 #include <atomic>
 #include <string>
