@@ -107,6 +107,10 @@ TEST_F(NvxParamFaults, AnEmptyFileStaysEmptyWhateverTheVerb) {
 TEST_F(NvxParamFaults, AFileThatCrashesTheFileLibraryIsReportedAsCorrupt) {
   // Found by the RSV fuzzer: a global-heap object whose size runs far past its
   // collection, which the HDF5 library copies without checking.
+  // Later HDF5 releases check that size, so there the file is merely read.
+  if (std::string(NVX_HDF5_VERSION).rfind("1.10.", 0) != 0) {
+    GTEST_SKIP() << "HDF5 " << NVX_HDF5_VERSION << " reads this file without crashing";
+  }
   const std::string rsv = std::string(DATA_DIR) + "/heap_overrun.rsv";
   const std::string krn = scratch_.File("p.krn");
   for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
