@@ -35,11 +35,14 @@ export WINEPREFIX=$build/wineprefix
 export WINEDEBUG=-all
 unset DISPLAY WAYLAND_DISPLAY
 mkdir -p "$build"
+# A server left running in this prefix (an interrupted run) goes first.
+wineserver -k >/dev/null 2>&1 || true
 if [ ! -f "$WINEPREFIX/system.reg" ]; then
   wineboot -i >/dev/null 2>&1
+  wineserver -w
 fi
 # A persistent server for the test discovery after each link and for CTest:
-# without it every start waits for the previous server to time out.
+# without it a program's start can wait for the previous server to time out.
 wineserver -p
 trap 'wineserver -k >/dev/null 2>&1 || true' EXIT
 
