@@ -178,3 +178,24 @@ TEST_F(RsvTest, AnIndependentReaderSeesTheLayout) {
     EXPECT_NE(dump.find(expected), std::string::npos) << expected;
   }
 }
+
+// File names are UTF-8 on every system: the RSV file lands under exactly the
+// name given, and reading it back finds it.
+TEST_F(RsvTest, NonAsciiFileNameIsWrittenAndReadBack) {
+  const std::string name = dir_.File("t\xc3\xabst-\xe4\xb8\xad.rsv");  // "tëst-中.rsv"
+  CNVX3DComputation c;
+  c.SetSummaryVersion(9);
+  c.SetRSVFilePath(name);
+  ASSERT_TRUE(c.WriteRSVFile());
+  bool found = false;
+  for (const auto& entry :
+       std::filesystem::directory_iterator(std::filesystem::u8path(dir_.Path())))
+    found = found || entry.path().filename().u8string() == "t\xc3\xabst-\xe4\xb8\xad.rsv";
+  EXPECT_TRUE(found);
+
+  CNVX3DComputation back;
+  back.SetRSVFilePath(name);
+  ASSERT_TRUE(back.ReadRSVFile());
+  int version = 0;
+  EXPECT_EQ(back.GetSummaryVersion(version), 9);
+}
