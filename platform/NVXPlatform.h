@@ -29,8 +29,13 @@ std::uint32_t LogicalProcessorCount();
 // Physical memory in bytes (0 when unknown), asked once per process.
 std::uint64_t PhysicalMemoryBytes();
 
-// A message box without an owner, plain OK style.
+// A message box without an owner, plain OK style: the host's handler, by
+// default SystemMessageBox.
 void ShowMessageBox(const char* text, const char* caption);
+// What the system does with a message box and a debugger text when the host
+// installed no handler (one definition per system).
+void SystemMessageBox(const char* text, const char* caption);
+void SystemDebugOutput(const char* text);
 // Text for an attached debugger.
 void DebugOutput(const char* text);
 // A file that cannot be opened for writing: the host's handler, by default

@@ -21,22 +21,6 @@
 
 namespace {
 
-void DefaultMessageBox(const char* text, const char* caption) {
-  std::fprintf(stderr, "%s: %s\n", caption ? caption : "", text ? text : "");
-}
-
-void DefaultDebugOutput(const char* text) { std::fprintf(stderr, "%s\n", text ? text : ""); }
-
-void DefaultCantOpen(const char* /*path*/) {
-  std::fputs("Can't open\n", stderr);
-  std::fflush(stderr);
-  std::exit(1);
-}
-
-NVXMessageBoxHandler g_messageBox = DefaultMessageBox;
-NVXDebugOutputHandler g_debugOutput = DefaultDebugOutput;
-NVXCantOpenHandler g_cantOpen = DefaultCantOpen;
-
 // Creates every missing directory of `path` (like mkdir -p).
 bool MakeDirectories(const std::string& path) {
   for (std::size_t pos = 1; pos <= path.size(); ++pos) {
@@ -66,20 +50,15 @@ bool NVXGetReleaseVersionCurUserDirectory(char* buffer, int size) {
   return true;
 }
 
-void NVXSetMessageBoxHandler(NVXMessageBoxHandler handler) {
-  g_messageBox = handler ? handler : DefaultMessageBox;
-}
-
-void NVXSetDebugOutputHandler(NVXDebugOutputHandler handler) {
-  g_debugOutput = handler ? handler : DefaultDebugOutput;
-}
-
-void NVXSetCantOpenHandler(NVXCantOpenHandler handler) {
-  g_cantOpen = handler ? handler : DefaultCantOpen;
-}
-
 namespace nvx {
 namespace platform {
+
+// Without a desktop to show a box in, the text goes to standard error.
+void SystemMessageBox(const char* text, const char* caption) {
+  std::fprintf(stderr, "%s: %s\n", caption ? caption : "", text ? text : "");
+}
+
+void SystemDebugOutput(const char* text) { std::fprintf(stderr, "%s\n", text ? text : ""); }
 
 // Both are asked of the system once per process: the answers do not change
 // while the process runs, and every parameter object needs them on
@@ -101,12 +80,6 @@ std::uint64_t PhysicalMemoryBytes() {
   }();
   return bytes;
 }
-
-void ShowMessageBox(const char* text, const char* caption) { g_messageBox(text, caption); }
-
-void DebugOutput(const char* text) { g_debugOutput(text); }
-
-void CantOpen(const char* path) { g_cantOpen(path ? path : ""); }
 
 bool LocalTime(std::time_t t, std::tm* out) {
   return out != nullptr && ::localtime_r(&t, out) != nullptr;

@@ -38,28 +38,28 @@ using nvx::platform::WideToNarrow;
 // Longest value text a profile lookup returns, and its buffer with the NUL.
 constexpr DWORD kProfileBuffer = 256;
 
+}  // namespace
+
+namespace nvx {
+namespace platform {
+
 // The library's texts are UTF-8 and may carry file names: the wide functions
 // show them as written.
-void DefaultMessageBox(const char* text, const char* caption) {
+void SystemMessageBox(const char* text, const char* caption) {
   ::MessageBoxW(nullptr, NarrowToWide(text ? text : "").c_str(),
                 NarrowToWide(caption ? caption : "").c_str(), MB_OK);
 }
 
-void DefaultDebugOutput(const char* text) {
+void SystemDebugOutput(const char* text) {
   const std::string line = std::string(text ? text : "") + "\n";
   ::OutputDebugStringW(NarrowToWide(line).c_str());
   std::fputs(line.c_str(), stderr);
 }
 
-void DefaultCantOpen(const char* /*path*/) {
-  std::fputs("Can't open\n", stderr);
-  std::fflush(stderr);
-  std::exit(1);
-}
+}  // namespace platform
+}  // namespace nvx
 
-NVXMessageBoxHandler g_messageBox = DefaultMessageBox;
-NVXDebugOutputHandler g_debugOutput = DefaultDebugOutput;
-NVXCantOpenHandler g_cantOpen = DefaultCantOpen;
+namespace {
 
 bool IsSeparator(char c) { return c == '\\' || c == '/'; }
 
@@ -148,18 +148,6 @@ bool NVXGetReleaseVersionCurUserDirectory(char* buffer, int size) {
   return true;
 }
 
-void NVXSetMessageBoxHandler(NVXMessageBoxHandler handler) {
-  g_messageBox = handler ? handler : DefaultMessageBox;
-}
-
-void NVXSetDebugOutputHandler(NVXDebugOutputHandler handler) {
-  g_debugOutput = handler ? handler : DefaultDebugOutput;
-}
-
-void NVXSetCantOpenHandler(NVXCantOpenHandler handler) {
-  g_cantOpen = handler ? handler : DefaultCantOpen;
-}
-
 namespace nvx {
 namespace platform {
 
@@ -185,12 +173,6 @@ std::uint64_t PhysicalMemoryBytes() {
   }();
   return bytes;
 }
-
-void ShowMessageBox(const char* text, const char* caption) { g_messageBox(text, caption); }
-
-void DebugOutput(const char* text) { g_debugOutput(text); }
-
-void CantOpen(const char* path) { g_cantOpen(path ? path : ""); }
 
 bool LocalTime(std::time_t t, std::tm* out) {
   return out != nullptr && ::localtime_s(out, &t) == 0;
