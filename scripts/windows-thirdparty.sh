@@ -34,16 +34,8 @@ apt_update() {
 }
 
 # --- Debian packages -------------------------------------------------------
-packages=(cmake make dpkg-dev gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix
-          binutils-mingw-w64-x86-64 googletest debian-archive-keyring util-linux)
-missing=()
-for p in "${packages[@]}"; do
-  dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  apt_update
-  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${missing[@]}" >&2
-fi
+"$root/scripts/deps.sh" cmake make dpkg-dev gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix \
+  binutils-mingw-w64-x86-64 googletest debian-archive-keyring util-linux
 
 # --- HDF5's source package through apt --------------------------------------
 # A deb-src entry for one suite; the archive keyring of bookworm also holds

@@ -14,17 +14,7 @@ root=$(cd "$here/.." && pwd)
 build=$root/build-windows
 jobs=${NVX_JOBS:-2}
 
-packages=(wine wine64)
-missing=()
-for p in "${packages[@]}"; do
-  dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  SUDO=""
-  [ "$(id -u)" -ne 0 ] && SUDO="sudo"
-  $SUDO apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${missing[@]}"
-fi
+"$here/deps.sh" wine wine64
 
 started=$(date +%s)
 prefix=$("$here/windows-thirdparty.sh" | tail -n 1)

@@ -38,18 +38,24 @@ def matching(text, start, open_ch, close_ch):
     raise ValueError("unbalanced " + open_ch)
 
 
-def function_name(statement):
-    """The name before the first top-level '(' of a declaration, or None."""
+def head_before_parameters(text):
+    """The text before the first '(' outside template brackets, or None."""
     depth = 0
-    for i, ch in enumerate(statement):
+    for i, ch in enumerate(text):
         if ch == "<":
             depth += 1
         elif ch == ">":
             depth -= 1
         elif ch == "(" and depth == 0:
-            m = re.search(r"(~?\w+|operator\s*\S+?)\s*$", statement[:i])
-            return m.group(1).replace(" ", "") if m else None
+            return text[:i]
     return None
+
+
+def function_name(statement):
+    """The name a declaration declares, or None."""
+    head = head_before_parameters(statement)
+    m = re.search(r"(~?\w+|operator\s*\S+?)\s*$", head) if head is not None else None
+    return m.group(1).replace(" ", "") if m else None
 
 
 def header_interface(paths):
@@ -122,19 +128,13 @@ def interface_name(symbol, classes):
     for prefix in ("vtable for ", "typeinfo for ", "typeinfo name for "):
         if symbol.startswith(prefix):
             return "class " + symbol[len(prefix):] if symbol[len(prefix):] in classes else None
-    depth = 0
-    for i, ch in enumerate(symbol):
-        if ch == "<":
-            depth += 1
-        elif ch == ">":
-            depth -= 1
-        elif ch == "(" and depth == 0:
-            head = symbol[:i]
-            owner, _, name = head.rpartition("::")
-            if not owner:
-                return name
-            return owner + "::" + name if owner in classes else None
-    return None
+    head = head_before_parameters(symbol)
+    if head is None:
+        return None
+    owner, _, name = head.rpartition("::")
+    if not owner:
+        return name
+    return owner + "::" + name if owner in classes else None
 
 
 def main():
