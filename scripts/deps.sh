@@ -8,7 +8,7 @@ packages=("$@")
 if [ ${#packages[@]} -eq 0 ]; then
   packages=(cmake g++ make pkg-config libgtest-dev libgmock-dev libbenchmark-dev
             libhdf5-dev hdf5-tools libinih-dev clang-format
-            pybind11-dev python3-dev python3-pytest)
+            pybind11-dev python3-dev python3-pytest python3-h5py)
 fi
 missing=()
 for p in "${packages[@]}"; do
