@@ -261,7 +261,7 @@ std::string VerbUsage(const Verb& verb) {
   std::string text =
       std::string("usage: nvxparam ") + verb.name + " " + verb.synopsis + "\n\n" + verb.details;
   if (verb.readsRsv) {
-    text += "--time-limit SECONDS stops the reading of an RSV file after SECONDS (1 to " +
+    text += "--time-limit SECONDS stops reading an RSV file after SECONDS\n(1 to " +
             std::to_string(nvxparam::guarded::kMaxSeconds) + "; " +
             std::to_string(nvxparam::guarded::kDefaultSeconds) + " when not given).\n";
   }
