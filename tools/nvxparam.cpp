@@ -345,9 +345,14 @@ int Run(const Args& argv) {
   }
   // Held from before the file is read until after it is replaced, across the
   // guarded child that does both.
+  // A directory is refused by the verb; its lock file would land inside it.
   std::optional<nvxparam::EditLock> lock;
   if (verb->edits != nullptr) {
-    if (const std::string edited = verb->edits(args); !edited.empty()) lock.emplace(edited);
+    std::error_code ec;
+    const std::string edited = verb->edits(args);
+    if (!edited.empty() && !std::filesystem::is_directory(std::filesystem::u8path(edited), ec)) {
+      lock.emplace(edited);
+    }
   }
   // An RSV file may be damaged so that the HDF5 library crashes or hangs on it;
   // such a file is read in a child process under time and memory limits.
