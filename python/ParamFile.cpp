@@ -127,6 +127,15 @@ bool ParamFile::Holds(nvx::KrnTag tag) const { return impl_->sections.document->
 
 void ParamFile::Hold(nvx::KrnTag tag) { impl_->sections.document->SetPresent(tag, true); }
 
+void ParamFile::KeepSections(const std::vector<std::string>& sections) {
+  for (std::size_t i = 0; i < nvx::kKrnTagCount; ++i) {
+    const auto tag = static_cast<nvx::KrnTag>(i);
+    const bool kept =
+        std::find(sections.begin(), sections.end(), nvx::TagName(tag)) != sections.end();
+    impl_->sections.document->SetPresent(tag, kept);
+  }
+}
+
 ParamFile ParamFile::LoadKrn(const std::string& path) {
   RequireReadableFile(path);
   ParamFile file;

@@ -54,6 +54,8 @@ class ParamFile {
 
   // Tag names of the sections held, in the order of the tag table.
   std::vector<std::string> Sections() const;
+  // Holds exactly the sections named (tag names), and no other.
+  void KeepSections(const std::vector<std::string>& sections);
   // Names of the keys of `section` a person can read and set, in file order.
   std::vector<std::string> Keys(const std::string& section) const;
 

@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+#include "GuardedLoad.h"
+#include "GuardedRun.h"
 #include "ParamFile.h"
 #include "core/KeyText.h"
 
@@ -156,8 +158,21 @@ PYBIND11_MODULE(nvxcomputation, m) {
       py::arg("path"), "Reads a KRN file.");
   m.def(
       "load_rsv",
-      [](const std::filesystem::path& path) { return ParamFile::LoadRsv(path.string()); },
-      py::arg("path"), "Reads the parameter tables of an RSV file.");
+      [](const std::filesystem::path& path, bool guarded, int timeLimit) {
+        if (timeLimit < 1 || timeLimit > static_cast<int>(nvxparam::guarded::kMaxSeconds)) {
+          throw BadValue("time_limit is a whole number of seconds from 1 to " +
+                         std::to_string(nvxparam::guarded::kMaxSeconds) + ", not " +
+                         std::to_string(timeLimit));
+        }
+        if (!guarded) return ParamFile::LoadRsv(path.string());
+        return nvxpy::LoadRsvGuarded(path.string(), static_cast<unsigned>(timeLimit));
+      },
+      py::arg("path"), py::arg("guarded") = true,
+      py::arg("time_limit") = static_cast<int>(nvxparam::guarded::kDefaultSeconds),
+      "Reads the parameter tables of an RSV file. By default the file is read in a child "
+      "process stopped after time_limit seconds, so that a damaged file that crashes or hangs "
+      "the HDF5 library raises OSError(\"corrupt or unreadable RSV file: PATH\") instead of "
+      "ending the interpreter; guarded=False reads it in this process.");
   m.def("new", &ParamFile::New, py::arg("model_kind") = 2, py::arg("analysis_type") = 0,
         "The defaults of a new project: model_kind 1 shell, 2 or 3 solid; analysis_type 0 "
         "to 14. A per-user template, when there is one, is the starting point.");

@@ -13,8 +13,8 @@
 
 namespace nvxparam {
 
-// Runs `work` in a child process limited to 60 s of CPU and wall-clock time
-// and 4 GiB of memory, and returns its exit status: what `work` returned (0
+// Runs `work` in a child process limited to `seconds` of CPU and of
+// wall-clock time and 4 GiB of memory, and returns its exit status: what `work` returned (0
 // or 1), or the status of its failure (1 or 2; the child printed why). A child
 // that crashes, is killed, hits a limit or ends any other way fails the
 // command with "corrupt or unreadable RSV file: `path`".
@@ -22,7 +22,7 @@ namespace nvxparam {
 // system cannot copy a running process, the child is a fresh nvxparam that
 // runs `command` through RunIfGuardedChild.
 int RunGuarded(const std::string& path, const std::vector<std::string>& command,
-               const std::function<int()>& work);
+               const std::function<int()>& work, unsigned seconds);
 
 // When `args` are the arguments RunGuarded gives a fresh child, runs `run` on
 // the command they carry, reports its status to the parent and ends the
@@ -32,7 +32,10 @@ void RunIfGuardedChild(const std::vector<std::string>& args,
 
 namespace guarded {
 
-constexpr unsigned kSeconds = 60;
+// A parameter file parses in milliseconds: a read still running after the
+// default limit is stuck. --time-limit takes 1 to kMaxSeconds.
+constexpr unsigned kDefaultSeconds = 10;
+constexpr unsigned kMaxSeconds = 3600;
 constexpr std::uint64_t kMemoryBytes = std::uint64_t(4) << 30;
 // The highest status of the verbs themselves; above it the parent reports
 // the file as corrupt.

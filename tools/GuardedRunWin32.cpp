@@ -18,7 +18,6 @@ namespace nvxparam {
 namespace {
 
 using guarded::kFailed;
-using guarded::kSeconds;
 
 // The hidden first argument of a guarded child, followed by the handle
 // value of the write end of its report pipe. Never a verb or a file name.
@@ -100,7 +99,7 @@ HANDLE InheritableCopy(DWORD which) {
 // A job that ends its processes when its handle closes (with nvxparam), at
 // the memory or CPU-time limit, or on an unhandled exception without an
 // error dialog.
-HANDLE MakeJob() {
+HANDLE MakeJob(unsigned seconds) {
   HANDLE job = ::CreateJobObjectW(nullptr, nullptr);
   if (job == nullptr) CannotStart("a job object");
   JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
@@ -108,7 +107,7 @@ HANDLE MakeJob() {
       JOB_OBJECT_LIMIT_PROCESS_MEMORY | JOB_OBJECT_LIMIT_PROCESS_TIME |
       JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE | JOB_OBJECT_LIMIT_DIE_ON_UNHANDLED_EXCEPTION;
   limits.BasicLimitInformation.PerProcessUserTimeLimit.QuadPart =
-      static_cast<LONGLONG>(kSeconds) * 10000000;  // in 100 ns
+      static_cast<LONGLONG>(seconds) * 10000000;  // in 100 ns
   limits.ProcessMemoryLimit = static_cast<SIZE_T>(guarded::kMemoryBytes);
   if (!::SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits)) {
     const DWORD error = ::GetLastError();
@@ -147,7 +146,7 @@ class InheritList {
 }  // namespace
 
 int RunGuarded(const std::string& path, const std::vector<std::string>& command,
-               const std::function<int()>& /*work*/) {
+               const std::function<int()>& /*work*/, unsigned seconds) {
   std::cout.flush();
   std::cerr.flush();
   std::fflush(nullptr);
@@ -180,7 +179,7 @@ int RunGuarded(const std::string& path, const std::vector<std::string>& command,
   startup.StartupInfo.hStdError = err.get();
   startup.lpAttributeList = attributes.get();
 
-  const Handle job(MakeJob());
+  const Handle job(MakeJob(seconds));
   PROCESS_INFORMATION child{};
   // Suspended until it is in the job, so that it never runs unlimited.
   if (!::CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE,
@@ -202,7 +201,7 @@ int RunGuarded(const std::string& path, const std::vector<std::string>& command,
   ::ResumeThread(thread.get());
 
   // A child blocked without using CPU time ends at the wall-clock limit.
-  if (::WaitForSingleObject(process.get(), kSeconds * 1000) != WAIT_OBJECT_0) {
+  if (::WaitForSingleObject(process.get(), seconds * 1000) != WAIT_OBJECT_0) {
     ::TerminateJobObject(job.get(), 1);
     ::WaitForSingleObject(process.get(), INFINITE);
     Fail("corrupt or unreadable RSV file: " + path);

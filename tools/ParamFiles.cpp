@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <new>
 #include <sstream>
+#include <thread>
 
 #include "NVX3DRSVExTool.h"
 #include "NVXPlatform.h"
@@ -248,6 +250,28 @@ void ReplaceFile(const std::string& path,
   if (nvx::platform::ReplaceFile(path, write, startFromOld, &error) !=
       nvx::platform::ReplaceStatus::kDone) {
     Fail(error);
+  }
+}
+
+EditLock::EditLock(const std::string& path) {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point deadline = Clock::now() + std::chrono::seconds(kLockWaitSeconds);
+  const std::string lockPath = path + ".lock";
+  for (;;) {
+    std::string error;
+    switch (lock_.TryLock(lockPath, &error)) {
+      case sys::FileLock::Result::kHeld:
+        return;
+      case sys::FileLock::Result::kFailed:
+        // A folder that takes no files says so in the words of every write.
+        RequireWritable(path);
+        Fail("cannot lock " + path + ": " + lockPath + ": " + error);
+      case sys::FileLock::Result::kBusy:
+        break;
+    }
+    if (Clock::now() >= deadline) Fail(path + " is locked by another process");
+    // Polled: a holder's edit ends within milliseconds.
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
 }
 

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "ToolPlatform.h"
 #include "core/KeyTable.h"
 #include "core/NVX3DComputationImpl.h"
 #include "core/SectionDef.h"
@@ -97,6 +98,30 @@ nvx::DocumentWriter WriterKeepingEverySection(const std::string& path, CNVX3DCom
 void ReplaceFile(const std::string& path,
                  const std::function<bool(const std::string&, std::string*)>& write,
                  bool startFromOld = false);
+// How long an edit waits for another process to finish its edit of the
+// same file: edits take milliseconds, so a lock held longer than this
+// belongs to something stuck.
+constexpr int kLockWaitSeconds = 5;
+
+// The lock an edit holds on its file from before it reads the file until
+// after it replaced it, so that two processes editing one file at once do
+// not lose either edit. It is a system lock on the file "`path`.lock" beside
+// it, which the system drops when its holder ends in any way. Waits up to
+// kLockWaitSeconds for another holder, then fails with "`path` is locked by
+// another process".
+//
+// The lock file is left in place afterwards: removing it would let a waiter
+// that had already opened it lock the removed file while a newcomer creates
+// and locks a new one, and both would edit at once. Left alone it holds no
+// lock, only the name.
+class EditLock {
+ public:
+  explicit EditLock(const std::string& path);
+
+ private:
+  sys::FileLock lock_;
+};
+
 // Writes the KRN document of `impl` as `path` with `writer`, the same way.
 void WriteKrn(const std::string& path, CNVX3DComputationImpl& impl,
               nvx::DocumentWriter writer = nvx::DocumentWriter::kSectionPresent);

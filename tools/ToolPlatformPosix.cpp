@@ -1,4 +1,6 @@
 // nvxparam's system calls on POSIX systems.
+#include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -32,6 +34,35 @@ int FolderWriteError(const std::string& folder) {
 }
 
 const char* TextNewline() { return "\n"; }
+
+FileLock::Result FileLock::TryLock(const std::string& path, std::string* error) {
+  Release();
+  int fd = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  // Another user's lock file may be read-only to us; flock needs no write.
+  if (fd < 0 && errno == EACCES) fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) {
+    *error = std::strerror(errno);
+    return Result::kFailed;
+  }
+  int locked = 0;
+  while ((locked = ::flock(fd, LOCK_EX | LOCK_NB)) != 0 && errno == EINTR) {
+  }
+  if (locked != 0) {
+    const int reason = errno;
+    ::close(fd);
+    if (reason == EWOULDBLOCK) return Result::kBusy;
+    *error = std::strerror(reason);
+    return Result::kFailed;
+  }
+  handle_ = fd;
+  return Result::kHeld;
+}
+
+void FileLock::Release() {
+  // Closing the descriptor drops the lock.
+  if (handle_ >= 0) ::close(static_cast<int>(handle_));
+  handle_ = -1;
+}
 
 }  // namespace sys
 }  // namespace nvxparam

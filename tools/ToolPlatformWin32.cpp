@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <random>
+#include <system_error>
 
 #include "NVXPlatform.h"
 #include "ToolPlatform.h"
@@ -97,6 +98,35 @@ int FolderWriteError(const std::string& folder) {
 }
 
 const char* TextNewline() { return "\r\n"; }
+
+FileLock::Result FileLock::TryLock(const std::string& path, std::string* error) {
+  Release();
+  // Shared for every access, so that holders and waiters open it alike and
+  // nothing else is kept from the file; not inherited by child processes.
+  const HANDLE file = ::CreateFileW(fs::u8path(path).c_str(), GENERIC_READ | GENERIC_WRITE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    *error = std::error_code(static_cast<int>(::GetLastError()), std::system_category()).message();
+    return Result::kFailed;
+  }
+  OVERLAPPED at{};
+  if (!::LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &at)) {
+    const DWORD reason = ::GetLastError();
+    ::CloseHandle(file);
+    if (reason == ERROR_LOCK_VIOLATION || reason == ERROR_IO_PENDING) return Result::kBusy;
+    *error = std::error_code(static_cast<int>(reason), std::system_category()).message();
+    return Result::kFailed;
+  }
+  handle_ = reinterpret_cast<std::intptr_t>(file);
+  return Result::kHeld;
+}
+
+void FileLock::Release() {
+  // Closing the handle drops the lock.
+  if (handle_ != -1) ::CloseHandle(reinterpret_cast<HANDLE>(handle_));
+  handle_ = -1;
+}
 
 }  // namespace sys
 }  // namespace nvxparam

@@ -5,13 +5,16 @@
 // EditVerbs.cpp, InspectVerbs.cpp and CheckVerb.cpp.
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "GuardedRun.h"
@@ -104,7 +107,47 @@ struct Verb {
   bool readsRsv = false;
   // How many leading arguments may be "-" for standard input.
   int stdinArgs = 0;
+  // The file the verb changes, found in its arguments (empty when they name
+  // none); the verb runs holding its edit lock.
+  std::string (*edits)(const Args& args) = nullptr;
 };
+
+// ---- the file an editing verb changes ----------------------------------------
+
+// The file set, add and unset edit in place. A file that does not exist is
+// not locked (which would leave a lock file for a mistyped name): the verb
+// itself reports it.
+std::string EditedInPlace(const Args& args) {
+  std::error_code ec;
+  if (args.empty() || !std::filesystem::exists(std::filesystem::u8path(args[0]), ec)) return {};
+  return args[0];
+}
+
+// The file to-rsv and from-rsv write: their second argument.
+std::string ConversionTarget(const Args& args) { return args.size() == 2 ? args[1] : ""; }
+
+// The file new creates: what is left after its options.
+std::string NewFile(const Args& given) {
+  Args args = given;
+  std::string value;
+  nvxparam::TakeOption(args, "--model-kind", &value);
+  nvxparam::TakeOption(args, "--analysis-type", &value);
+  nvxparam::TakeFlag(args, "--from-template");
+  return args.size() == 1 ? args[0] : "";
+}
+
+// The --time-limit of a verb that reads RSV files, in whole seconds.
+unsigned TimeLimit(const std::string& text) {
+  using nvxparam::guarded::kMaxSeconds;
+  const char* end = text.data() + text.size();
+  unsigned seconds = 0;
+  const auto result = std::from_chars(text.data(), end, seconds);
+  if (result.ec != std::errc() || result.ptr != end || seconds < 1 || seconds > kMaxSeconds) {
+    Fail("--time-limit takes a whole number of seconds from 1 to " + std::to_string(kMaxSeconds) +
+         ", not '" + text + "'");
+  }
+  return seconds;
+}
 
 // ---- help and dispatch -------------------------------------------------------
 
@@ -116,7 +159,7 @@ const Verb kVerbs[] = {
      "solid; 2 when not given) and analysis type T (0 to 14; 0 when not given).\n"
      "With --from-template it starts from the per-user template instead.\n"
      "An existing FILE is never overwritten.\n",
-     nvxparam::RunNew},
+     nvxparam::RunNew, false, 0, NewFile},
     {"show", "[--json] FILE",
      "Lists every section FILE holds as a [SECTION] line followed by its\n"
      "\"Key = value\" lines, values in the file's own form. FILE is a KRN file\n"
@@ -135,16 +178,16 @@ const Verb kVerbs[] = {
      "the key's allowed range where it has one, e.g. 1 to 3, output times as show\n"
      "prints them, e.g. \"3: 0.5, 1.25, 2\"); when any is wrong nothing is\n"
      "written. Keys the writers fix (SUMMARY.Version) are refused.\n",
-     nvxparam::RunSet},
+     nvxparam::RunSet, false, 0, EditedInPlace},
     {"add", "FILE.krn SECTION[.Key[=VALUE]]...",
      "Adds a key line the section lacks (with VALUE or the value the library\n"
      "reads now) or a whole section, as the library writes them. VALUE is\n"
      "checked as set checks it.\n",
-     nvxparam::RunAdd},
+     nvxparam::RunAdd, false, 0, EditedInPlace},
     {"unset", "FILE.krn SECTION[.Key]...",
      "Removes the lines of a key (with its item lines) or a whole section.\n"
      "Exit status 1, and nothing changed, when FILE.krn does not hold one.\n",
-     nvxparam::RunUnset},
+     nvxparam::RunUnset, false, 0, EditedInPlace},
     {"keys", "[--json|--markdown] [--model-kind K] [SECTION]",
      "Lists every key: its type, fresh default, reset default (load mode 1 of\n"
      "model kind K, 2 when not given), whether KRN and RSV files hold it and\n"
@@ -167,12 +210,12 @@ const Verb kVerbs[] = {
     {"to-rsv", "FILE.krn FILE.rsv",
      "Writes the parameters of FILE.krn into the parameter tables of FILE.rsv,\n"
      "creating FILE.rsv when it does not exist.\n",
-     nvxparam::RunToRsv, true, 1},
+     nvxparam::RunToRsv, true, 1, ConversionTarget},
     {"from-rsv", "FILE.rsv FILE.krn",
      "Writes the parameter tables of FILE.rsv as the KRN file FILE.krn with the\n"
      "sections of the file's model kind, and names the KRN-only keys it could\n"
      "not restore. FILE.krn is replaced.\n",
-     nvxparam::RunFromRsv, true, 1},
+     nvxparam::RunFromRsv, true, 1, ConversionTarget},
     {"help", "[VERB]", "Shows the usage of nvxparam or of one verb.\n", RunHelp},
 };
 
@@ -194,13 +237,35 @@ std::string Usage() {
       "'nvxparam help VERB' or 'nvxparam VERB --help' describes one verb.\n"
       "\"-\" names standard input where a verb reads a file. --version prints the\n"
       "version.\n"
+      "\n"
+      "RSV files are read in a child process that is stopped after " +
+      std::to_string(nvxparam::guarded::kDefaultSeconds) +
+      " seconds;\n"
+      "--time-limit SECONDS (1 to " +
+      std::to_string(nvxparam::guarded::kMaxSeconds) +
+      "), given after a verb that reads RSV files,\n"
+      "changes that. A verb that writes a file holds a lock on it (the file\n"
+      "FILE.lock beside it, left in place) and waits up to " +
+      std::to_string(nvxparam::kLockWaitSeconds) +
+      " seconds for another\n"
+      "process's edit of the same file, then fails.\n"
+      "\n"
       "Exit status: 0 on success; 1 when a key or section is not there, files\n"
-      "differ or check finds something; 2 on any error (files are then unchanged).\n";
+      "differ or check finds something; 2 on any error (files are then unchanged),\n"
+      "a file that cannot be read in time included, and a file another process\n"
+      "keeps locked.\n";
   return text;
 }
 
 std::string VerbUsage(const Verb& verb) {
-  return std::string("usage: nvxparam ") + verb.name + " " + verb.synopsis + "\n\n" + verb.details;
+  std::string text =
+      std::string("usage: nvxparam ") + verb.name + " " + verb.synopsis + "\n\n" + verb.details;
+  if (verb.readsRsv) {
+    text += "--time-limit SECONDS stops reading an RSV file after SECONDS\n(1 to " +
+            std::to_string(nvxparam::guarded::kMaxSeconds) + "; " +
+            std::to_string(nvxparam::guarded::kDefaultSeconds) + " when not given).\n";
+  }
+  return text;
 }
 
 int RunHelp(const Args& args) {
@@ -267,11 +332,27 @@ int Run(const Args& argv) {
     std::cout << VerbUsage(*verb);
     return 0;
   }
+  // Taken before the file names are counted: its value is no file.
+  unsigned seconds = nvxparam::guarded::kDefaultSeconds;
+  if (std::string limit; verb->readsRsv && nvxparam::TakeOption(args, "--time-limit", &limit)) {
+    seconds = TimeLimit(limit);
+  }
   StdinFile stdinFile;
   int files = 0;
   for (std::string& arg : args) {
     if (arg.size() > 1 && arg[0] == '-' && arg != "--defaults") continue;
     if (files++ < verb->stdinArgs && arg == "-") arg = stdinFile.Take();
+  }
+  // Held from before the file is read until after it is replaced, across the
+  // guarded child that does both.
+  // A directory is refused by the verb; its lock file would land inside it.
+  std::optional<nvxparam::EditLock> lock;
+  if (verb->edits != nullptr) {
+    std::error_code ec;
+    const std::string edited = verb->edits(args);
+    if (!edited.empty() && !std::filesystem::is_directory(std::filesystem::u8path(edited), ec)) {
+      lock.emplace(edited);
+    }
   }
   // An RSV file may be damaged so that the HDF5 library crashes or hangs on it;
   // such a file is read in a child process under time and memory limits.
@@ -280,7 +361,8 @@ int Run(const Args& argv) {
     command.insert(command.begin(), verb->name);
     for (const std::string& arg : args) {
       if (nvxparam::IsHdf5File(arg))
-        return nvxparam::RunGuarded(arg, command, [&] { return verb->run(args); });
+        return nvxparam::RunGuarded(
+            arg, command, [&] { return verb->run(args); }, seconds);
     }
   }
   return verb->run(args);

@@ -113,8 +113,11 @@ TEST_F(NvxParamFaults, AFileThatCrashesTheFileLibraryIsReportedAsCorrupt) {
   }
   const std::string rsv = std::string(DATA_DIR) + "/heap_overrun.rsv";
   const std::string krn = scratch_.File("p.krn");
-  for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
-           {"show", rsv}, {"get", rsv, "SUMMARY.Creater"}, {"from-rsv", rsv, krn}}) {
+  for (const std::vector<std::string>& args :
+       std::vector<std::vector<std::string>>{{"show", rsv},
+                                             {"get", rsv, "SUMMARY.Creater"},
+                                             {"from-rsv", rsv, krn},
+                                             {"show", "--time-limit", "1", rsv}}) {
     const Result r = Tool(scratch_, args);
     EXPECT_EQ(r.status, 2) << args[0];
     EXPECT_NE(r.err.find("corrupt or unreadable RSV file"), std::string::npos) << r.err;
