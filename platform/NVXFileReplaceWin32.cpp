@@ -138,6 +138,27 @@ std::wstring FreshName(const std::wstring& target, unsigned attempt) {
          std::to_wstring(counter++) + L"-" + std::to_wstring((stamp + attempt) % 100000) + L".tmp";
 }
 
+// Windows refuses to replace a file that another process holds open without
+// delete sharing, as most readers open files, and only for as long as it
+// reads. The replacement is tried again for a short, bounded time before it
+// counts as failed; GetLastError() then tells why.
+bool MoveIntoPlace(const std::wstring& fresh, const std::wstring& target) {
+  constexpr unsigned kAttempts = 100;
+  constexpr DWORD kPauseMs = 10;
+  for (unsigned attempt = 1;; ++attempt) {
+    if (::MoveFileExW(fresh.c_str(), target.c_str(),
+                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+      return true;
+    }
+    const DWORD err = ::GetLastError();
+    if (attempt == kAttempts || (err != ERROR_ACCESS_DENIED && err != ERROR_SHARING_VIOLATION)) {
+      ::SetLastError(err);
+      return false;
+    }
+    ::Sleep(kPauseMs);
+  }
+}
+
 }  // namespace
 
 ReplaceStatus ReplaceFile(
@@ -208,8 +229,7 @@ ReplaceStatus ReplaceFile(
     *error = Reason("cannot set the attributes of " + path, ::GetLastError());
     ok = false;
   }
-  if (ok && !::MoveFileExW(fresh.c_str(), target.c_str(),
-                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+  if (ok && !MoveIntoPlace(fresh, target)) {
     *error = Reason("cannot replace " + path, ::GetLastError());
     ok = false;
   }
