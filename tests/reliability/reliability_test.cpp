@@ -170,18 +170,10 @@ TEST(RsvFaults, FullDiskMakesTheWriteFail) {
   EXPECT_FALSE(c.WriteRSVFile());
 }
 
-TEST(RsvFaults, RewritingTheSameParametersKeepsTheFileSize) {
-  TempDir dir;
-  CNVX3DComputation c;
-  Prepare(c, dir.File("p.krn"));
-  const std::string rsv = dir.File("p.rsv");
-  c.SetRSVFilePath(rsv);
-  ASSERT_TRUE(c.WriteRSVFile());
-  const std::int64_t first = nvx::platform::FileSize(rsv);
-  for (int i = 0; i < 1000; ++i) ASSERT_TRUE(c.WriteRSVFile());
-  EXPECT_LE(nvx::platform::FileSize(rsv), 2 * first);
-
-  // Outside readers still see every text item as a string.
+// Whether an outside reader (h5py) finds each of `keys` of the Summary table
+// of `rsv` as a str, and `creater` as its Creater; skips the calling test where
+// h5py cannot run.
+void ExpectSummaryTextsAreStr(const std::string& rsv, const std::string& creater) {
 #ifdef _WIN32
   GTEST_SKIP() << "the h5py cross-check runs on Linux only";
 #endif
@@ -192,9 +184,55 @@ TEST(RsvFaults, RewritingTheSameParametersKeepsTheFileSize) {
       "/usr/bin/python3 -c \"import h5py,sys\n"
       "t=h5py.File(sys.argv[1],'r')['Project/Computation/Summary'].attrs\n"
       "sys.exit(0 if all(isinstance(t[k],str) for k in ('File','Creater','Time','NVXObject')) "
-      "and t['Creater']=='c'*2000 else 1)\" '" +
-      rsv + "'";
+      "and t['Creater']==sys.argv[2] else 1)\" '" +
+      rsv + "' '" + creater + "'";
   EXPECT_EQ(std::system(check.c_str()), 0);
+}
+
+TEST(RsvFaults, RewritingTheSameParametersKeepsTheFileSize) {
+  TempDir dir;
+  CNVX3DComputation c;
+  Prepare(c, dir.File("p.krn"));
+  const std::string rsv = dir.File("p.rsv");
+  c.SetRSVFilePath(rsv);
+  ASSERT_TRUE(c.WriteRSVFile());
+  const std::int64_t first = nvx::platform::FileSize(rsv);
+  for (int i = 0; i < 1000; ++i) ASSERT_TRUE(c.WriteRSVFile());
+  EXPECT_LE(nvx::platform::FileSize(rsv), 2 * first);
+  ExpectSummaryTextsAreStr(rsv, std::string(2000, 'c'));
+}
+
+// A project file is saved thousands of times with texts that change each
+// time; the texts they replace must not pile up in the file.
+TEST(RsvFaults, RewritingChangedTextsKeepsTheFileSize) {
+  TempDir dir;
+  CNVX3DComputation c;
+  Prepare(c, dir.File("p.krn"));
+  const std::string rsv = dir.File("p.rsv");
+  c.SetRSVFilePath(rsv);
+  ASSERT_TRUE(c.WriteRSVFile());
+  const std::int64_t first = nvx::platform::FileSize(rsv);
+  std::string creater;
+  for (int i = 0; i < 1000; ++i) {
+    const std::string n = std::to_string(i);
+    // Texts of changing lengths, so that no new text fits exactly where the old one was.
+    creater = n + std::string(static_cast<std::size_t>(i % 50), 'c');
+    c.SetSummaryCreater(creater);
+    c.SetSummaryTime("2026-11-24 " + n);
+    c.SetSummaryFile(L"project" + std::wstring(static_cast<std::size_t>(i % 7), L'x') + L".krn");
+    c.SetRemoteValueParallelWorkingFolder(
+        n + std::string(2000 + static_cast<std::size_t>(i % 13), 'w'));
+    c.SetRemoteValueLocalHost("host" + n);
+    ASSERT_TRUE(c.WriteRSVFile()) << "save " << i;
+  }
+  EXPECT_LE(nvx::platform::FileSize(rsv), 2 * first);
+
+  std::string folder;
+  c.SetRemoteValueParallelWorkingFolder("");
+  ASSERT_TRUE(c.ReadRSVFile());
+  c.GetRemoteValueParallelWorkingFolder(folder);
+  EXPECT_EQ(folder, "999" + std::string(2000 + 999 % 13, 'w'));
+  ExpectSummaryTextsAreStr(rsv, creater);
 }
 
 }  // namespace
