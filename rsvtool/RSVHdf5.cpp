@@ -122,9 +122,14 @@ namespace {
 // stored datatype is not handed out otherwise.
 constexpr const char* kReferenceTag = "NVX variable-length text reference";
 
-// Set while FreeStoredTexts reads an attribute: whether the conversion freed
-// the texts. Reads run under the HDF5 lock, so one slot serves the process.
-bool* g_textsFreed = nullptr;
+// Set while FreeStoredTexts reads an attribute: what the conversion freed
+// (HDF5 may convert the attribute's elements in several pieces). Reads run
+// under the HDF5 lock, so one slot serves the process.
+struct FreedTexts {
+  bool some = false;
+  bool failed = false;
+};
+FreedTexts* g_freedTexts = nullptr;
 
 // Frees the heap objects named by `count` stored references of `size` bytes
 // each at `references`, which are of the stored datatype `stored`.
@@ -163,9 +168,12 @@ herr_t ReferenceConversion(hid_t source, hid_t destination, H5T_cdata_t* cdata, 
     }
     case H5T_CONV_CONV: {
       const std::size_t size = H5Tget_size(source);
-      if (g_textsFreed != nullptr && !*g_textsFreed && size > 0 &&
-          (stride == 0 || stride == size)) {
-        *g_textsFreed = FreeReferences(source, count, size, buffer);
+      if (g_freedTexts == nullptr || count == 0) return 0;
+      if (size > 0 && (stride == 0 || stride == size) &&
+          FreeReferences(source, count, size, buffer)) {
+        g_freedTexts->some = true;
+      } else {
+        g_freedTexts->failed = true;
       }
       return 0;
     }
@@ -202,7 +210,7 @@ class ReferenceConversionScope {
 // which it must be deleted or written before anything reads it. True when
 // texts were freed; false when there were none (other types keep their
 // values in the attribute, and an attribute never written holds none) or
-// they could not be freed.
+// not all of them could be freed.
 bool FreeStoredTexts(hid_t attr) {
   Hid type = TypeId(H5Aget_type(attr));
   Hid space = SpaceId(H5Aget_space(attr));
@@ -217,11 +225,11 @@ bool FreeStoredTexts(hid_t attr) {
   ReferenceConversionScope scope(type.get(), raw.get());
   if (!scope.registered()) return false;
   std::vector<unsigned char> references(static_cast<std::size_t>(bytes));
-  bool freed = false;
-  g_textsFreed = &freed;
+  FreedTexts freed;
+  g_freedTexts = &freed;
   H5Aread(attr, raw.get(), references.data());
-  g_textsFreed = nullptr;
-  return freed;
+  g_freedTexts = nullptr;
+  return freed.some && !freed.failed;
 }
 
 // A new attribute `name`; one of that name that could not be used (another
