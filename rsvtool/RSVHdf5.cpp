@@ -232,13 +232,71 @@ bool FreeStoredTexts(hid_t attr) {
   return freed.some && !freed.failed;
 }
 
+// Whether a text of `bytes` bytes (with its NUL), written into an attribute
+// of a new file held in memory and then replaced by four others of that size,
+// by overwriting the attribute or by deleting and recreating it, stays in the
+// file: the file then grows by the room of at least two more texts. Where the
+// library frees the texts, they take the room of those they replace (give or
+// take one new heap collection). Nothing of the file reaches the disk.
+bool RewritesKeepTexts(std::size_t bytes, bool recreate) {
+  Hid fapl = PlistId(H5Pcreate(H5P_FILE_ACCESS));
+  if (!fapl.valid() || H5Pset_fapl_core(fapl.get(), 4096, false) < 0) return false;
+  Hid file(H5Fcreate("nvx-text-rewrite-probe.h5", H5F_ACC_TRUNC, H5P_DEFAULT, fapl.get()),
+           H5Fclose);
+  const char* const kName = "text";
+  const hid_t type = Utf8StringType();
+  const hid_t space = ScalarSpace();
+  if (!file.valid() || type < 0 || space < 0) return false;
+  Hid attr = AttrId(H5Acreate2(file.get(), kName, type, space, H5P_DEFAULT, H5P_DEFAULT));
+  std::string text(bytes - 1, 'a');
+  const char* data = text.c_str();
+  // The size of the file's image is where its allocated space ends.
+  const ssize_t before = attr.valid() && H5Awrite(attr.get(), type, &data) >= 0
+                             ? H5Fget_file_image(file.get(), nullptr, 0)
+                             : -1;
+  if (before < 0) return false;
+  for (char c : {'b', 'c', 'd', 'e'}) {
+    if (recreate) {
+      attr.Reset();
+      if (H5Adelete(file.get(), kName) < 0) return false;
+      attr = AttrId(H5Acreate2(file.get(), kName, type, space, H5P_DEFAULT, H5P_DEFAULT));
+    }
+    text.assign(bytes - 1, c);
+    data = text.c_str();
+    if (!attr.valid() || H5Awrite(attr.get(), type, &data) < 0) return false;
+  }
+  const ssize_t after = H5Fget_file_image(file.get(), nullptr, 0);
+  return after >= before && static_cast<std::size_t>(after - before) >= 2 * bytes;
+}
+
+// What this HDF5 library does with the old text of a variable-length string
+// attribute that is overwritten or deleted: older libraries keep it in the
+// file in both cases, newer ones free it on overwriting, and freeing a text
+// twice would corrupt the heap. Found out once; where that fails, texts are
+// taken to be freed by the library. Callers hold the HDF5 lock.
+struct KeptTexts {
+  bool onOverwrite = false;
+  bool onDelete = false;
+};
+const KeptTexts& LibraryKeepsTexts() {
+  static KeptTexts kept;
+  static bool probed = false;
+  if (!probed) {
+    probed = true;
+    constexpr std::size_t kTextBytes = 3000;
+    kept.onOverwrite = RewritesKeepTexts(kTextBytes, false);
+    kept.onDelete = RewritesKeepTexts(kTextBytes, true);
+  }
+  return kept;
+}
+
 // A new attribute `name`; one of that name that could not be used (another
 // type or extent, or one that would not open) is deleted first, together
 // with the texts it held.
 Hid ReplaceAttribute(hid_t object, const std::string& name, hid_t type, hid_t space) {
   if (H5Aexists(object, name.c_str()) > 0) {
     Hid old = OpenAttribute(object, name);
-    if (old.valid()) FreeStoredTexts(old.get());
+    if (old.valid() && LibraryKeepsTexts().onDelete) FreeStoredTexts(old.get());
     old.Reset();
     if (H5Adelete(object, name.c_str()) < 0) return {};
   }
@@ -320,58 +378,6 @@ bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
   return true;
 }
 
-namespace {
-
-// Writes a text of `bytes` bytes (with its NUL) into a new attribute of
-// `file`, then three other texts of that size over it; returns how much the
-// file grew with the three.
-hsize_t GrowthOfOverwrites(hid_t file, std::size_t bytes) {
-  Hid attr =
-      AttrId(H5Acreate2(file, "text", Utf8StringType(), ScalarSpace(), H5P_DEFAULT, H5P_DEFAULT));
-  std::string text(bytes - 1, 'a');
-  const char* data = text.c_str();
-  hsize_t before = 0;
-  hsize_t after = 0;
-  if (!attr.valid() || H5Awrite(attr.get(), Utf8StringType(), &data) < 0 ||
-      H5Fget_filesize(file, &before) < 0) {
-    return 0;
-  }
-  for (char c : {'b', 'c', 'd'}) {
-    text.assign(bytes - 1, c);
-    data = text.c_str();
-    if (H5Awrite(attr.get(), Utf8StringType(), &data) < 0) return 0;
-  }
-  if (H5Fget_filesize(file, &after) < 0 || after < before) return 0;
-  return after - before;
-}
-
-// Whether this HDF5 library leaves the old text of an overwritten
-// variable-length string attribute in the file (older ones do; newer ones
-// free it as they write, and freeing it once more would corrupt the heap).
-// Found out once, by overwriting a text in a file held in memory: where the
-// old texts stay, every new one needs room of its own. Callers hold the HDF5
-// lock.
-bool OverwriteKeepsOldTexts() {
-  static int known = -1;
-  if (known < 0) {
-    known = 0;
-    constexpr std::size_t kTextBytes = 3000;
-    Hid fapl = PlistId(H5Pcreate(H5P_FILE_ACCESS));
-    if (fapl.valid() && H5Pset_fapl_core(fapl.get(), 4096, false) >= 0 && Utf8StringType() >= 0 &&
-        ScalarSpace() >= 0) {
-      // Without a backing store nothing of this file reaches the disk.
-      Hid file(H5Fcreate("nvx-text-overwrite-probe.h5", H5F_ACC_TRUNC, H5P_DEFAULT, fapl.get()),
-               H5Fclose);
-      if (file.valid() && GrowthOfOverwrites(file.get(), kTextBytes) >= 3 * (kTextBytes - 1)) {
-        known = 1;
-      }
-    }
-  }
-  return known == 1;
-}
-
-}  // namespace
-
 int PutStringAttribute(hid_t object, const std::string& name, const std::string& text) {
   const hid_t type = Utf8StringType();
   const hid_t space = ScalarSpace();
@@ -394,7 +400,7 @@ int PutStringAttribute(hid_t object, const std::string& name, const std::string&
       }
       // Where the library keeps the old text, it is freed first, so that the
       // new one can take its room.
-      const bool freed = OverwriteKeepsOldTexts() && FreeStoredTexts(attr.get());
+      const bool freed = LibraryKeepsTexts().onOverwrite && FreeStoredTexts(attr.get());
       if (H5Awrite(attr.get(), type, &data) >= 0) return 0;
       // The item must not name a text that is gone.
       if (freed) {
