@@ -170,10 +170,11 @@ TEST(RsvFaults, FullDiskMakesTheWriteFail) {
   EXPECT_FALSE(c.WriteRSVFile());
 }
 
-// Whether an outside reader (h5py) finds each of `keys` of the Summary table
-// of `rsv` as a str, and `creater` as its Creater; skips the calling test where
-// h5py cannot run.
-void ExpectSummaryTextsAreStr(const std::string& rsv, const std::string& creater) {
+// An outside reader (h5py) reads every text item of the parameter tables of
+// `rsv` as a str (never as bytes, which a fixed-length string would give), and
+// `creater` as the Summary's Creater. Skips the calling test where h5py cannot
+// run.
+void ExpectTextsReadAsStr(const std::string& rsv, const std::string& creater) {
 #ifdef _WIN32
   GTEST_SKIP() << "the h5py cross-check runs on Linux only";
 #endif
@@ -182,9 +183,14 @@ void ExpectSummaryTextsAreStr(const std::string& rsv, const std::string& creater
   }
   const std::string check =
       "/usr/bin/python3 -c \"import h5py,sys\n"
-      "t=h5py.File(sys.argv[1],'r')['Project/Computation/Summary'].attrs\n"
-      "sys.exit(0 if all(isinstance(t[k],str) for k in ('File','Creater','Time','NVXObject')) "
-      "and t['Creater']==sys.argv[2] else 1)\" '" +
+      "g=h5py.File(sys.argv[1],'r')['Project/Computation']\n"
+      "t=g['Summary'].attrs\n"
+      "ok=all(isinstance(t[k],str) for k in ('File','Creater','Time','NVXObject'))\n"
+      "ok=ok and t['Creater']==sys.argv[2]\n"
+      "ok=ok and isinstance(g['REMOTE_MACHINES'].attrs['ValueParallelWorkingFolder'],str)\n"
+      "ok=ok and not any(isinstance(v,bytes) for d in g.values() if isinstance(d,h5py.Dataset) "
+      "for v in d.attrs.values())\n"
+      "sys.exit(0 if ok else 1)\" '" +
       rsv + "' '" + creater + "'";
   EXPECT_EQ(std::system(check.c_str()), 0);
 }
@@ -199,7 +205,7 @@ TEST(RsvFaults, RewritingTheSameParametersKeepsTheFileSize) {
   const std::int64_t first = nvx::platform::FileSize(rsv);
   for (int i = 0; i < 1000; ++i) ASSERT_TRUE(c.WriteRSVFile());
   EXPECT_LE(nvx::platform::FileSize(rsv), 2 * first);
-  ExpectSummaryTextsAreStr(rsv, std::string(2000, 'c'));
+  ExpectTextsReadAsStr(rsv, std::string(2000, 'c'));
 }
 
 // A project file is saved thousands of times with texts that change each
@@ -232,7 +238,7 @@ TEST(RsvFaults, RewritingChangedTextsKeepsTheFileSize) {
   ASSERT_TRUE(c.ReadRSVFile());
   c.GetRemoteValueParallelWorkingFolder(folder);
   EXPECT_EQ(folder, "999" + std::string(2000 + 999 % 13, 'w'));
-  ExpectSummaryTextsAreStr(rsv, creater);
+  ExpectTextsReadAsStr(rsv, creater);
 }
 
 }  // namespace
