@@ -110,10 +110,196 @@ Hid OpenAttribute(hid_t object, const std::string& name) {
 
 namespace {
 
+// Variable-length texts are not kept in their attribute but in the file's
+// global heap, one heap object per text, which the attribute refers to.
+// Neither deleting an attribute nor (with older libraries) overwriting it
+// frees that object, and a text left behind stays in the file for good.
+// FreeStoredTexts frees them: it reads the attribute through a conversion of
+// our own, into an opaque type carrying kReferenceTag, which receives the
+// stored references unchanged together with the datatype they are stored in,
+// and has HDF5 overwrite them with null texts of that datatype, which frees
+// the heap objects they name. It must happen within the conversion: the
+// stored datatype is not handed out otherwise.
+constexpr const char* kReferenceTag = "NVX variable-length text reference";
+
+// Set while FreeStoredTexts reads an attribute: what the conversion freed
+// (HDF5 may convert the attribute's elements in several pieces). Reads run
+// under the HDF5 lock, so one slot serves the process.
+struct FreedTexts {
+  bool some = false;
+  bool failed = false;
+};
+FreedTexts* g_freedTexts = nullptr;
+
+// Frees the heap objects named by `count` stored references of `size` bytes
+// each at `references`, which are of the stored datatype `stored`.
+bool FreeReferences(hid_t stored, std::size_t count, std::size_t size, const void* references) {
+  // A copy of the stored type is a memory type of the same character set;
+  // its null texts convert into null references, and the conversion frees
+  // the objects named by the references it overwrites (the background).
+  Hid memoryType = TypeId(H5Tcopy(stored));
+  if (!memoryType.valid()) return false;
+  const std::size_t element = std::max(size, H5Tget_size(memoryType.get()));
+  std::vector<unsigned char> nulls(count * element, 0);
+  const auto* first = static_cast<const unsigned char*>(references);
+  std::vector<unsigned char> background(first, first + count * size);
+  return H5Tconvert(memoryType.get(), stored, count, nulls.data(), background.data(),
+                    H5P_DEFAULT) >= 0;
+}
+
+// Converts stored variable-length strings into our opaque type of the same
+// size, leaving the bytes as they are, and frees the texts they name. Any
+// other pair of types is refused, so that the conversion never takes part in
+// the conversions of anybody else.
+herr_t ReferenceConversion(hid_t source, hid_t destination, H5T_cdata_t* cdata, size_t count,
+                           size_t stride, size_t, void* buffer, void*, hid_t) {
+  switch (cdata->command) {
+    case H5T_CONV_INIT: {
+      if (H5Tget_class(destination) != H5T_OPAQUE || H5Tis_variable_str(source) <= 0 ||
+          H5Tget_size(source) != H5Tget_size(destination)) {
+        return -1;
+      }
+      char* tag = H5Tget_tag(destination);
+      const bool ours = tag != nullptr && std::strcmp(tag, kReferenceTag) == 0;
+      H5free_memory(tag);
+      if (!ours) return -1;
+      cdata->need_bkg = H5T_BKG_NO;
+      return 0;
+    }
+    case H5T_CONV_CONV: {
+      const std::size_t size = H5Tget_size(source);
+      if (g_freedTexts == nullptr || count == 0) return 0;
+      if (size > 0 && (stride == 0 || stride == size) &&
+          FreeReferences(source, count, size, buffer)) {
+        g_freedTexts->some = true;
+      } else {
+        g_freedTexts->failed = true;
+      }
+      return 0;
+    }
+    default:
+      return 0;
+  }
+}
+
+// The conversion is registered only while it is used: the library may be
+// unloaded before HDF5 is, which must then hold no pointer into it.
+class ReferenceConversionScope {
+ public:
+  ReferenceConversionScope(hid_t source, hid_t destination)
+      : m_source(source), m_destination(destination) {
+    m_registered =
+        H5Tregister(H5T_PERS_SOFT, kReferenceTag, source, destination, ReferenceConversion) >= 0;
+  }
+  ~ReferenceConversionScope() {
+    if (m_registered) {
+      H5Tunregister(H5T_PERS_SOFT, kReferenceTag, m_source, m_destination, ReferenceConversion);
+    }
+  }
+  ReferenceConversionScope(const ReferenceConversionScope&) = delete;
+  ReferenceConversionScope& operator=(const ReferenceConversionScope&) = delete;
+  bool registered() const { return m_registered; }
+
+ private:
+  hid_t m_source;
+  hid_t m_destination;
+  bool m_registered = false;
+};
+
+// Frees the texts of `attr` when it holds variable-length strings, after
+// which it must be deleted or written before anything reads it. True when
+// texts were freed; false when there were none (other types keep their
+// values in the attribute, and an attribute never written holds none) or
+// not all of them could be freed.
+bool FreeStoredTexts(hid_t attr) {
+  Hid type = TypeId(H5Aget_type(attr));
+  Hid space = SpaceId(H5Aget_space(attr));
+  if (!type.valid() || !space.valid() || H5Tis_variable_str(type.get()) <= 0) return false;
+  const hssize_t count = H5Sget_simple_extent_npoints(space.get());
+  const hsize_t bytes = H5Aget_storage_size(attr);
+  if (count <= 0 || bytes == 0 || bytes % static_cast<hsize_t>(count) != 0) return false;
+
+  Hid raw = TypeId(
+      H5Tcreate(H5T_OPAQUE, static_cast<std::size_t>(bytes) / static_cast<std::size_t>(count)));
+  if (!raw.valid() || H5Tset_tag(raw.get(), kReferenceTag) < 0) return false;
+  ReferenceConversionScope scope(type.get(), raw.get());
+  if (!scope.registered()) return false;
+  std::vector<unsigned char> references(static_cast<std::size_t>(bytes));
+  FreedTexts freed;
+  g_freedTexts = &freed;
+  H5Aread(attr, raw.get(), references.data());
+  g_freedTexts = nullptr;
+  return freed.some && !freed.failed;
+}
+
+// Whether a text of `bytes` bytes (with its NUL), written into an attribute
+// of a new file held in memory and then replaced by four others of that size,
+// by overwriting the attribute or by deleting and recreating it, stays in the
+// file: the file then grows by the room of at least two more texts. Where the
+// library frees the texts, they take the room of those they replace (give or
+// take one new heap collection). Nothing of the file reaches the disk.
+bool RewritesKeepTexts(std::size_t bytes, bool recreate) {
+  Hid fapl = PlistId(H5Pcreate(H5P_FILE_ACCESS));
+  if (!fapl.valid() || H5Pset_fapl_core(fapl.get(), 4096, false) < 0) return false;
+  Hid file(H5Fcreate("nvx-text-rewrite-probe.h5", H5F_ACC_TRUNC, H5P_DEFAULT, fapl.get()),
+           H5Fclose);
+  const char* const kName = "text";
+  const hid_t type = Utf8StringType();
+  const hid_t space = ScalarSpace();
+  if (!file.valid() || type < 0 || space < 0) return false;
+  Hid attr = AttrId(H5Acreate2(file.get(), kName, type, space, H5P_DEFAULT, H5P_DEFAULT));
+  std::string text(bytes - 1, 'a');
+  const char* data = text.c_str();
+  // The size of the file's image is where its allocated space ends.
+  const ssize_t before = attr.valid() && H5Awrite(attr.get(), type, &data) >= 0
+                             ? H5Fget_file_image(file.get(), nullptr, 0)
+                             : -1;
+  if (before < 0) return false;
+  for (char c : {'b', 'c', 'd', 'e'}) {
+    if (recreate) {
+      attr.Reset();
+      if (H5Adelete(file.get(), kName) < 0) return false;
+      attr = AttrId(H5Acreate2(file.get(), kName, type, space, H5P_DEFAULT, H5P_DEFAULT));
+    }
+    text.assign(bytes - 1, c);
+    data = text.c_str();
+    if (!attr.valid() || H5Awrite(attr.get(), type, &data) < 0) return false;
+  }
+  const ssize_t after = H5Fget_file_image(file.get(), nullptr, 0);
+  return after >= before && static_cast<std::size_t>(after - before) >= 2 * bytes;
+}
+
+// What this HDF5 library does with the old text of a variable-length string
+// attribute that is overwritten or deleted: older libraries keep it in the
+// file in both cases, newer ones free it on overwriting, and freeing a text
+// twice would corrupt the heap. Found out once; where that fails, texts are
+// taken to be freed by the library. Callers hold the HDF5 lock.
+struct KeptTexts {
+  bool onOverwrite = false;
+  bool onDelete = false;
+};
+const KeptTexts& LibraryKeepsTexts() {
+  static KeptTexts kept;
+  static bool probed = false;
+  if (!probed) {
+    probed = true;
+    constexpr std::size_t kTextBytes = 3000;
+    kept.onOverwrite = RewritesKeepTexts(kTextBytes, false);
+    kept.onDelete = RewritesKeepTexts(kTextBytes, true);
+  }
+  return kept;
+}
+
 // A new attribute `name`; one of that name that could not be used (another
-// type or extent, or one that would not open) is deleted first.
+// type or extent, or one that would not open) is deleted first, together
+// with the texts it held.
 Hid ReplaceAttribute(hid_t object, const std::string& name, hid_t type, hid_t space) {
-  if (H5Aexists(object, name.c_str()) > 0 && H5Adelete(object, name.c_str()) < 0) return {};
+  if (H5Aexists(object, name.c_str()) > 0) {
+    Hid old = OpenAttribute(object, name);
+    if (old.valid() && LibraryKeepsTexts().onDelete) FreeStoredTexts(old.get());
+    old.Reset();
+    if (H5Adelete(object, name.c_str()) < 0) return {};
+  }
   return AttrId(H5Acreate2(object, name.c_str(), type, space, H5P_DEFAULT, H5P_DEFAULT));
 }
 
@@ -197,10 +383,9 @@ int PutStringAttribute(hid_t object, const std::string& name, const std::string&
   const hid_t space = ScalarSpace();
   if (object < 0 || name.empty() || type < 0 || space < 0) return -1;
   const char* data = text.c_str();
-  // One look at the stored item. Every rewrite of a variable-length string
-  // leaves its old text behind in the file's heap, so an unchanged text of
-  // this very type is not written again and a changed one is written in
-  // place; any other item is replaced.
+  // One look at the stored item. An unchanged text of this very type is not
+  // written again and a changed one is written in place; any other item is
+  // replaced.
   Hid attr = OpenAttribute(object, name);
   if (attr.valid()) {
     Hid oldType = TypeId(H5Aget_type(attr.get()));
@@ -213,7 +398,16 @@ int PutStringAttribute(hid_t object, const std::string& name, const std::string&
         H5free_memory(stored);
         if (same) return 0;
       }
-      return H5Awrite(attr.get(), type, &data) < 0 ? -1 : 0;
+      // Where the library keeps the old text, it is freed first, so that the
+      // new one can take its room.
+      const bool freed = LibraryKeepsTexts().onOverwrite && FreeStoredTexts(attr.get());
+      if (H5Awrite(attr.get(), type, &data) >= 0) return 0;
+      // The item must not name a text that is gone.
+      if (freed) {
+        attr.Reset();
+        H5Adelete(object, name.c_str());
+      }
+      return -1;
     }
     attr.Reset();
   }

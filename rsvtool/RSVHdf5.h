@@ -141,9 +141,12 @@ bool GetScalarAttribute(hid_t object, const std::string& name, hid_t memType,
   return GetScalarAttribute(object, name, memType, classes, sizeof(T), out);
 }
 
-// Scalar string attributes; written as variable-length UTF-8 (left alone when
-// they already hold `text`, so that rewriting the same text leaves no garbage
-// in the file's heap), read from fixed or variable-length strings.
+// Scalar string attributes; written as variable-length UTF-8, read from fixed
+// or variable-length strings. The text lives in the file's heap: an attribute
+// that already holds `text` is left alone, and the text that a changed one
+// replaces is freed (also with HDF5 libraries that keep it on overwriting),
+// as are the texts of any attribute deleted to make room for another type.
+// So a file rewritten any number of times keeps its size.
 int PutStringAttribute(hid_t object, const std::string& name, const std::string& text);
 bool GetStringAttribute(hid_t object, const std::string& name, std::string* text);
 

@@ -170,6 +170,31 @@ TEST(RsvFaults, FullDiskMakesTheWriteFail) {
   EXPECT_FALSE(c.WriteRSVFile());
 }
 
+// An outside reader (h5py) reads every text item of the parameter tables of
+// `rsv` as a str (never as bytes, which a fixed-length string would give), and
+// `creater` as the Summary's Creater. Skips the calling test where h5py cannot
+// run.
+void ExpectTextsReadAsStr(const std::string& rsv, const std::string& creater) {
+#ifdef _WIN32
+  GTEST_SKIP() << "the h5py cross-check runs on Linux only";
+#endif
+  if (std::system("/usr/bin/python3 -c 'import h5py' 2>/dev/null") != 0) {
+    GTEST_SKIP() << "python3-h5py is not installed";
+  }
+  const std::string check =
+      "/usr/bin/python3 -c \"import h5py,sys\n"
+      "g=h5py.File(sys.argv[1],'r')['Project/Computation']\n"
+      "t=g['Summary'].attrs\n"
+      "ok=all(isinstance(t[k],str) for k in ('File','Creater','Time','NVXObject'))\n"
+      "ok=ok and t['Creater']==sys.argv[2]\n"
+      "ok=ok and isinstance(g['REMOTE_MACHINES'].attrs['ValueParallelWorkingFolder'],str)\n"
+      "ok=ok and not any(isinstance(v,bytes) for d in g.values() if isinstance(d,h5py.Dataset) "
+      "for v in d.attrs.values())\n"
+      "sys.exit(0 if ok else 1)\" '" +
+      rsv + "' '" + creater + "'";
+  EXPECT_EQ(std::system(check.c_str()), 0);
+}
+
 TEST(RsvFaults, RewritingTheSameParametersKeepsTheFileSize) {
   TempDir dir;
   CNVX3DComputation c;
@@ -180,21 +205,40 @@ TEST(RsvFaults, RewritingTheSameParametersKeepsTheFileSize) {
   const std::int64_t first = nvx::platform::FileSize(rsv);
   for (int i = 0; i < 1000; ++i) ASSERT_TRUE(c.WriteRSVFile());
   EXPECT_LE(nvx::platform::FileSize(rsv), 2 * first);
+  ExpectTextsReadAsStr(rsv, std::string(2000, 'c'));
+}
 
-  // Outside readers still see every text item as a string.
-#ifdef _WIN32
-  GTEST_SKIP() << "the h5py cross-check runs on Linux only";
-#endif
-  if (std::system("/usr/bin/python3 -c 'import h5py' 2>/dev/null") != 0) {
-    GTEST_SKIP() << "python3-h5py is not installed";
+// A project file is saved thousands of times with texts that change each
+// time; the texts they replace must not pile up in the file.
+TEST(RsvFaults, RewritingChangedTextsKeepsTheFileSize) {
+  TempDir dir;
+  CNVX3DComputation c;
+  Prepare(c, dir.File("p.krn"));
+  const std::string rsv = dir.File("p.rsv");
+  c.SetRSVFilePath(rsv);
+  ASSERT_TRUE(c.WriteRSVFile());
+  const std::int64_t first = nvx::platform::FileSize(rsv);
+  std::string creater;
+  for (int i = 0; i < 1000; ++i) {
+    const std::string n = std::to_string(i);
+    // Texts of changing lengths, so that no new text fits exactly where the old one was.
+    creater = n + std::string(static_cast<std::size_t>(i % 50), 'c');
+    c.SetSummaryCreater(creater);
+    c.SetSummaryTime("2026-11-24 " + n);
+    c.SetSummaryFile(L"project" + std::wstring(static_cast<std::size_t>(i % 7), L'x') + L".krn");
+    c.SetRemoteValueParallelWorkingFolder(
+        n + std::string(2000 + static_cast<std::size_t>(i % 13), 'w'));
+    c.SetRemoteValueLocalHost("host" + n);
+    ASSERT_TRUE(c.WriteRSVFile()) << "save " << i;
   }
-  const std::string check =
-      "/usr/bin/python3 -c \"import h5py,sys\n"
-      "t=h5py.File(sys.argv[1],'r')['Project/Computation/Summary'].attrs\n"
-      "sys.exit(0 if all(isinstance(t[k],str) for k in ('File','Creater','Time','NVXObject')) "
-      "and t['Creater']=='c'*2000 else 1)\" '" +
-      rsv + "'";
-  EXPECT_EQ(std::system(check.c_str()), 0);
+  EXPECT_LE(nvx::platform::FileSize(rsv), 2 * first);
+
+  std::string folder;
+  c.SetRemoteValueParallelWorkingFolder("");
+  ASSERT_TRUE(c.ReadRSVFile());
+  c.GetRemoteValueParallelWorkingFolder(folder);
+  EXPECT_EQ(folder, "999" + std::string(2000 + 999 % 13, 'w'));
+  ExpectTextsReadAsStr(rsv, creater);
 }
 
 }  // namespace

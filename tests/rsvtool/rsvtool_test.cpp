@@ -361,6 +361,42 @@ TEST_F(RsvToolTest, StringAttributesOnEveryKindOfObject) {
   EXPECT_NE(tool.WriteAttribute(nullptr, "Note", "x"), 0);
 }
 
+// Texts live in the file's heap, apart from their items: the texts that
+// rewritten items (in place, or replaced by another type) leave behind are
+// freed, and the texts still in use are untouched by that.
+TEST_F(RsvToolTest, RewrittenTextsLeaveNothingBehind) {
+  const std::string path = PathOf("a.rsv");
+  constexpr int kItems = 8;
+  std::vector<std::string> expected(kItems);
+  const auto save = [&](int round) {
+    CRSVTool tool;
+    ASSERT_EQ(round == 0 ? tool.Create(path, 4, 1, 0) : tool.Open(path), 0);
+    CRSVTable* table = round == 0 ? tool.CreateTable(tool.OpenGroup(1), "Set")
+                                  : tool.OpenTable(tool.OpenGroup(1), "Set");
+    ASSERT_NE(table, nullptr);
+    // Each round changes a third of the items, to texts of other lengths.
+    for (int k = 0; k < kItems; ++k) {
+      if (round > 0 && k % 3 != round % 3) continue;
+      expected[k] = std::to_string(round) + std::string((round * 37 + k * 301) % 2500, 'a' + k);
+      ASSERT_EQ(table->SetItem("t" + std::to_string(k), expected[k]), 0);
+    }
+    // One item turns from text into a number and back.
+    ASSERT_EQ(round % 2 ? table->SetItem("swap", round)
+                        : table->SetItem("swap", std::string(2000, 's') + std::to_string(round)),
+              0);
+    for (int k = 0; k < kItems; ++k) {
+      std::string text;
+      EXPECT_TRUE(table->GetItem("t" + std::to_string(k), &text) && text == expected[k])
+          << "round " << round << ", item " << k;
+    }
+    ASSERT_EQ(tool.Close(), 0);
+  };
+  save(0);
+  const std::uintmax_t first = fs::file_size(fs::u8path(path));
+  for (int round = 1; round < 300 && !HasFatalFailure(); ++round) save(round);
+  EXPECT_LE(fs::file_size(fs::u8path(path)), 2 * first);
+}
+
 // The part of `dump` from `start` up to the next object or attribute.
 std::string Section(const std::string& dump, const std::string& start) {
   const std::size_t from = dump.find(start);
