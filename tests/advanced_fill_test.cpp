@@ -127,11 +127,12 @@ TEST_F(AdvancedFillTest, MalformedGateCountsStayWithinTheSection) {
     impl->ReadKrn(dir_.File("g.krn"));
     return impl;
   };
-  // A huge count is cut to the gate lines present; the type decides the value.
+  // A huge count is kept, but the gate list stops at its bound; the type
+  // decides the value.
   auto impl = read("ValueNoHRGate = 2000000000\nValueHRGateType = 1\n1 = 5\n2 = 6\n");
   CNVX3DHRSteady* hr = impl->sections.hrSteady.get();
-  EXPECT_EQ(hr->ValueNoHRGate, 2);
-  ASSERT_EQ(hr->Gates.size(), 2u);
+  EXPECT_EQ(hr->ValueNoHRGate, 2000000000);
+  ASSERT_EQ(hr->Gates.size(), 100000u);
   EXPECT_EQ(hr->Gates[1][2], 6.0);
   EXPECT_EQ(hr->Gates[1][1], 0.0);
   // Negative counts keep no gates; lines past the list or of a type other

@@ -140,11 +140,12 @@ TEST(ComputingKrn, MachineRowsKeepNameBlanksAndCutPaths) {
 TEST(ComputingKrn, DamagedMachineCountsStayWithinTheSection) {
   CNVX3DComputationImpl impl;
   CNVX3DRemoteMachines& r = *impl.sections.remoteMachines;
-  // An absurd count is bounded by the lines left: nothing is read past them.
+  // An absurd count is kept, the list stops at its bound, and nothing is read
+  // past the section.
   nvxtest::ReadSection(impl, KrnTag::kRemoteMachines,
                        "ValueNoMachine=2000000000\nValueMachineSetting=\n 1 = a\t1\t p\n");
-  EXPECT_EQ(r.ValueNoMachine, 2);
-  EXPECT_EQ(r.ValueMachineSetting.size(), 2u);
+  EXPECT_EQ(r.ValueNoMachine, 2000000000);
+  EXPECT_EQ(r.ValueMachineSetting.size(), static_cast<std::size_t>(kMaxRemoteMachines));
   EXPECT_EQ(r.ValueMachineSetting[0].ValueMachineName, "a");
 
   nvxtest::ReadSection(impl, KrnTag::kRemoteMachines,
@@ -238,7 +239,7 @@ TEST(ComputingRsv, MissingTablesAndItemsFollowTheReaderRules) {
   int v = 0;
   EXPECT_EQ(c.GetTaskVersion(v), 9);  // no TASKMANAGER table: unchanged
   EXPECT_EQ(c.GetComputingManagerCPUNumber(), 4);
-  EXPECT_EQ(c.GetRemoteValueNoMachine(v), kMaxRemoteMachines);
+  EXPECT_EQ(c.GetRemoteValueNoMachine(v), 2000000000);  // the list stops at kMaxRemoteMachines
   RemoteParm m;
   c.GetRemoteValueMachineSetting(0, m);  // no table: the default entry
   EXPECT_EQ(m.ValueMachineName, "");

@@ -208,14 +208,17 @@ TEST(FillPackTimes, KrnItemLinesAreTakenByPosition) {
 TEST(FillPackTimes, MalformedCountsNeverReadPastTheSection) {
   CNVX3DComputationImpl impl;
   CNVX3DFillPackTimeSteps& r = *impl.sections.fillPack;
-  // More items asked for than lines left: the lines there are, and a count
-  // that matches them.
+  // More items asked for than lines left: the lines there are, the count as
+  // the file gives it, and a list that stops at its bound.
   ReadSection(impl, KrnTag::kPackOutputTimes, "ValueNoPackOutputTime = 2000000000\n1 = 4\n2 = 5\n");
-  EXPECT_EQ(r.PackTimes.Count, 2);
-  EXPECT_EQ(r.PackTimes.Times, (std::vector<double>{4.0, 5.0}));
+  EXPECT_EQ(r.PackTimes.Count, 2000000000);
+  ASSERT_EQ(r.PackTimes.Times.size(), static_cast<std::size_t>(kMaxOutputTimes));
+  EXPECT_EQ(r.PackTimes.Times[1], 5.0);
+  EXPECT_EQ(r.PackTimes.Times[2], 0.0);
+  // Nothing past the section is read.
   ReadSection(impl, KrnTag::kPackOutputTimes, "ValueNoPackOutputTime = 9\n");
-  EXPECT_EQ(r.PackTimes.Count, 0);
-  EXPECT_TRUE(WriteSection(impl, KrnTag::kPackOutputTimes).find("</PACK") != std::string::npos);
+  EXPECT_EQ(r.PackTimes.Count, 9);
+  EXPECT_EQ(r.PackTimes.Times, std::vector<double>(9, 0.0));
 }
 
 TEST(FillPackPairs, PairAccessorsReachFlagAndValue) {

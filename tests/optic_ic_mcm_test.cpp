@@ -13,6 +13,7 @@
 #include "core/KeyText.h"
 #include "core/NVX3DComputationImpl.h"
 #include "krn/KRNSectionIO.h"
+#include "sections/ValueText.h"
 
 using namespace nvx;
 using nvxtest::ReadSection;
@@ -61,8 +62,8 @@ TEST(OpticDirections, ListOperationsLeaveTheCountAlone) {
   int count = 0;
   EXPECT_EQ(c.GetSolidOpticDirectionValueOpticLightDirection(count), 0);
 
-  // A count above a non-empty list makes the KRN writer throw at the first
-  // missing row; an empty list writes no rows.
+  // A count above the list writes the rows the list holds; an empty list
+  // writes no rows.
   c.SetSolidOpticDirectionValueOpticLightDirection(2);
   EXPECT_EQ(c.DeleteOpticDirectionValueOpticLightDirectionItem(0), 1);
   EXPECT_EQ(c.DeleteOpticDirectionValueOpticLightDirectionItem(9), 1);  // nothing to remove
@@ -70,7 +71,9 @@ TEST(OpticDirections, ListOperationsLeaveTheCountAlone) {
   CNVX3DComputationImpl impl;
   impl.sections.optic->ValueOpticLightDirection = 2;
   impl.sections.optic->Directions.resize(1);
-  EXPECT_THROW(WriteSection(impl, KrnTag::kOpticOutputDirection), std::out_of_range);
+  EXPECT_EQ(WriteSection(impl, KrnTag::kOpticOutputDirection),
+            "<OPTIC_OUTPUT_DIRECTION>\nVersion = 0\nValueOpticLightDirection = 2\n"
+            "1= 0 0 0\n</OPTIC_OUTPUT_DIRECTION>\n");
   impl.sections.optic->Directions.clear();
   EXPECT_EQ(WriteSection(impl, KrnTag::kOpticOutputDirection),
             "<OPTIC_OUTPUT_DIRECTION>\nVersion = 0\nValueOpticLightDirection = 2\n"
@@ -87,15 +90,17 @@ TEST(OpticDirections, KrnRowsRsvBlockAndTextForm) {
             "1= 0.5 -1 2\n2= 3 4 0.123457\n</OPTIC_OUTPUT_DIRECTION>\n");
 
   // Rows set by index over what the list holds; a count past the section's
-  // lines takes only the lines there.
+  // lines takes only the lines there, and the list is filled up to the count
+  // (within its bound) with zero directions.
   CNVX3DComputationImpl back;
   back.sections.optic->Directions = {{9, 9, 9}, {8, 8, 8}, {7, 7, 7}};
   ReadSection(back, KrnTag::kOpticOutputDirection,
               "ValueOpticLightDirection = 99999999\n1= 1 2 3\n2=4 5 6\n");
   EXPECT_EQ(back.sections.optic->ValueOpticLightDirection, 99999999);
-  ASSERT_EQ(back.sections.optic->Directions.size(), 3u);
+  ASSERT_EQ(back.sections.optic->Directions.size(), kMaxTuples);
   EXPECT_EQ(back.sections.optic->Directions[1].Z, 6);
   EXPECT_EQ(back.sections.optic->Directions[2].X, 7);
+  EXPECT_EQ(back.sections.optic->Directions[3].X, 0);
 
   const KeyList keys = kOpticOutputDirectionSection.keys(impl);
   const Key* key = FindKey(keys, "ValueOpticLightDirection", kKrnRead);
@@ -191,8 +196,8 @@ TEST(ICTimes, PaddleTimesInRsvAndWireSweepTimesOnlyInKrn) {
   EXPECT_EQ(fresh.GetSolidICValueNoWireSweepTime(v), 0);
   EXPECT_EQ(fresh.GetSolidICFlagStressSolverType(v), 2);
 
-  // The array keeps its two rows when the count later says five: the count
-  // read back is cut to the rows present, so list and count agree.
+  // The array keeps its two rows when the count later says five: the count is
+  // read back as stored, and the times the array does not hold are 0.0.
   c.SetSolidICICPaddleValueNoPaddleShiftTime(1);
   ASSERT_TRUE(c.WriteRSVFile());
   {
@@ -206,9 +211,11 @@ TEST(ICTimes, PaddleTimesInRsvAndWireSweepTimesOnlyInKrn) {
     tool.Close();
   }
   ASSERT_TRUE(fresh.ReadRSVFile());
-  EXPECT_EQ(fresh.GetSolidICICPaddleValueNoPaddleShiftTime(v), 2);
+  EXPECT_EQ(fresh.GetSolidICICPaddleValueNoPaddleShiftTime(v), 5);
   fresh.GetSolidIICPaddleValueNoPaddleShiftTimeValue(1, t);
   EXPECT_EQ(t, 0.0);  // rows past the count were written as zeros
+  fresh.GetSolidIICPaddleValueNoPaddleShiftTimeValue(4, t);
+  EXPECT_EQ(t, 0.0);
 }
 
 TEST(ModeThree, DescriptionAdjustmentsSetTheICSolver) {

@@ -12,6 +12,7 @@
 #include "core/KeyText.h"
 #include "core/NVX3DComputationImpl.h"
 #include "krn/KRNSectionIO.h"
+#include "sections/ValueText.h"
 
 using namespace nvx;
 using NVX3DRSVExTool::CRSVGroup;
@@ -122,9 +123,12 @@ TEST(VECurveKrn, PointLinesAreTakenInFileOrderAndNeverPastTheSection) {
   EXPECT_EQ(Curve0(p), (Points{{1, 2}, {3, 4}}));
   EXPECT_EQ(impl.sections.veStress->C1, 5);
 
-  // A count beyond the lines left takes those lines, whatever they hold.
+  // A count beyond the lines left takes those lines, whatever they hold; the
+  // points they do not give are (0, 0), up to the bound of the curve.
   ReadSection(impl, KrnTag::kSolidVEStress, "MTCount = 2000000000\nMT1 = 7 8\nno sign here\n");
-  EXPECT_EQ(Curve0(p), (Points{{7, 8}, {0, 0}}));
+  EXPECT_EQ(p.PointCount(0), static_cast<int>(kMaxTuples));
+  EXPECT_EQ(Curve0(p).back(), (std::pair<double, double>{0, 0}));
+  EXPECT_EQ(Curve0(p)[0], (std::pair<double, double>{7, 8}));
   ReadSection(impl, KrnTag::kSolidVEStress, "MTCount = -4\nC1 = 6\n");
   EXPECT_EQ(p.PointCount(0), 0);
   EXPECT_EQ(impl.sections.veStress->C1, 6);

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <string>
 
 #include "NVX3DComputation.h"
 #include "core/NVX3DComputationImpl.h"
@@ -23,10 +24,11 @@ bool CNVX3DComputation::LoadUserDefineKRN() {
 }
 
 void CNVX3DComputation::LoadGPDefaultTemplete(std::string path) {
-  // The path must fit the buffer with its terminator; a longer one changes
-  // nothing.
-  if (path.size() >= sizeof m_szDefaultTemplate) return;
-  std::memcpy(m_szDefaultTemplate, path.c_str(), path.size() + 1);
+  // A path of up to 512 characters is kept; a longer one changes nothing. A
+  // path that fills the buffer is kept without a terminator (DefaultTemplate).
+  if (path.size() > sizeof m_szDefaultTemplate) return;
+  std::memset(m_szDefaultTemplate, 0, sizeof m_szDefaultTemplate);
+  std::memcpy(m_szDefaultTemplate, path.data(), path.size());
   if (m_pImpl == nullptr) return;
   std::unique_ptr<CNVX3DComputationImpl> defaults(new (std::nothrow) CNVX3DComputationImpl());
   if (defaults == nullptr) return;
@@ -44,9 +46,14 @@ bool CNVX3DComputation::ReSetPageToDefaultValue(int page) {
   if (m_pImpl == nullptr) return false;
   CNVX3DComputation defaults;
   nvx::TemplateKind kind = nvx::TemplateKind::kNone;
-  // The buffer holds a path only once LoadGPDefaultTemplete has given one.
-  const bool terminated = std::memchr(m_szDefaultTemplate, '\0', sizeof m_szDefaultTemplate);
-  if (terminated && defaults.m_pImpl != nullptr && defaults.LoadKRNFile(m_szDefaultTemplate)) {
+  // The buffer holds a path only once LoadGPDefaultTemplete has given one: it
+  // starts zeroed, and a path of the buffer's full length has no terminator.
+  const void* end = std::memchr(m_szDefaultTemplate, '\0', sizeof m_szDefaultTemplate);
+  const std::string path(
+      m_szDefaultTemplate,
+      end != nullptr ? static_cast<std::size_t>(static_cast<const char*>(end) - m_szDefaultTemplate)
+                     : sizeof m_szDefaultTemplate);
+  if (!path.empty() && defaults.m_pImpl != nullptr && defaults.LoadKRNFile(path.c_str())) {
     const CNVX3DKRNDocument& doc = *defaults.m_pImpl->sections.document;
     // A template that holds both kinds counts as a shell template.
     if (doc.IsPresent(nvx::KrnTag::kShellFill)) {

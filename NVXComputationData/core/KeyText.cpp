@@ -14,9 +14,6 @@
 namespace nvx {
 namespace {
 
-// More output times than any solver takes; keeps a typo from allocating gigabytes.
-constexpr std::int32_t kMaxTimes = 1000000;
-
 std::string ShortestDouble(double v) {
   char buf[64];
   auto res = std::to_chars(buf, buf + sizeof buf, v);
@@ -81,8 +78,8 @@ bool ParseTimes(const Key& key, const std::string& text, std::string* error) {
     *error = "'" + countText + "' is not a whole number (32-bit) for " + key.name;
     return false;
   }
-  if (count < 0 || count > kMaxTimes) {
-    *error = "a count of times must lie between 0 and " + std::to_string(kMaxTimes);
+  if (count < 0 || count > kMaxOutputTimes) {
+    *error = "a count of times must lie between 0 and " + std::to_string(kMaxOutputTimes);
     return false;
   }
   OutputTimes& block = key.As<OutputTimes>();
@@ -192,8 +189,8 @@ bool ParseValue(const Key& key, const std::string& text, std::string* error) {
         return false;
       }
       if (key.kind == KeyKind::kTimes) {
-        if (whole < 0 || whole > kMaxTimes) {
-          *error = "a count of times must lie between 0 and " + std::to_string(kMaxTimes);
+        if (whole < 0 || whole > kMaxOutputTimes) {
+          *error = "a count of times must lie between 0 and " + std::to_string(kMaxOutputTimes);
           return false;
         }
         key.As<OutputTimes>().SetCount(whole);

@@ -13,23 +13,21 @@ namespace {
 
 bool ReadTruth(Truth truth, std::int32_t v) { return truth == Truth::kNonZero ? v != 0 : v > 0; }
 
-// The item lines of a count key; returns how many lines were consumed.
+// The item lines of a count key; returns how many lines were consumed. The
+// count is kept as the file gives it and the list is filled up to it with 0.0
+// (SetFromFile); only the lines the section holds are consumed.
 std::size_t ReadTimes(OutputTimes& block, std::int32_t count, const std::string* next,
                       const std::string* end) {
+  const std::size_t wanted = count > 0 ? static_cast<std::size_t>(count) : 0;
+  const std::size_t taken = std::min(wanted, static_cast<std::size_t>(end - next));
+  const std::size_t kept = std::min(taken, static_cast<std::size_t>(kMaxOutputTimes));
   std::vector<double> times;
-  std::size_t taken = 0;
-  if (count > 0) {
-    const std::size_t available = static_cast<std::size_t>(end - next);
-    taken = std::min<std::size_t>(static_cast<std::size_t>(count), available);
-    times.reserve(taken);
-    for (std::size_t i = 0; i < taken; ++i) {
-      // The item number is not looked at.
-      times.push_back(ParseDouble(SplitKeyValue(next[i]).value));
-    }
-    count = static_cast<std::int32_t>(taken);
+  times.reserve(kept);
+  for (std::size_t i = 0; i < kept; ++i) {
+    // The item number is not looked at.
+    times.push_back(ParseDouble(SplitKeyValue(next[i]).value));
   }
-  block.Count = count;
-  block.Times = std::move(times);
+  block.SetFromFile(count, std::move(times));
   return taken;
 }
 
@@ -150,8 +148,9 @@ void WriteKrnKeys(const SectionDef& def, KrnStream& out, CNVX3DComputationImpl& 
     out.Text(key.suffix).EndLine();
     if (key.kind == KeyKind::kTimes) {
       const OutputTimes& block = key.As<OutputTimes>();
-      for (std::int32_t i = 1; i <= block.Count; ++i) {
-        out.Int(i).Text(" = ").Double(block.At(i - 1)).EndLine();
+      const std::size_t rows = block.Written();
+      for (std::size_t i = 0; i < rows; ++i) {
+        out.Int(static_cast<std::int64_t>(i) + 1).Text(" = ").Double(block.Times[i]).EndLine();
       }
     }
   }

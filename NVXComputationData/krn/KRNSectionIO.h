@@ -13,10 +13,13 @@ namespace nvx {
 //
 // A count key (kTimes) takes the next N lines as its item lines, whatever
 // they hold, ignores the number before the "=" and converts the one after it.
-// A malformed count never reads past the section: when fewer than N lines are
-// left before the closing tag, the remaining lines are taken and the count
-// becomes the number of lines taken, so count and list stay in step. A count of
-// 0 or less takes no line, empties the list and is stored as it stands.
+// The count is stored as it stands. A count larger than the lines left before
+// the closing tag takes the lines there are, and 0.0 stands for each time the
+// section does not give; the list never grows past kMaxOutputTimes, whatever
+// the count says. A count of 0 or less takes no line and empties the list.
+//
+// The writers emit the stored count and one item line per time, as far as the
+// list holds times: a count the list cannot back never makes a write fail.
 void ReadKrnSection(const SectionDef& def, LineSpan body, CNVX3DComputationImpl& impl);
 
 // Writes the section through its own writer when it has one, else as

@@ -98,11 +98,6 @@ const SectionDef* SectionOfTable(const char* name) {
   return nullptr;
 }
 
-// Rows of a time-step array: the count, or none for a negative count.
-std::uint64_t Rows(const OutputTimes& block) {
-  return block.Count > 0 ? static_cast<std::uint64_t>(block.Count) : 0;
-}
-
 CRSVGroup* OpenOrCreateGroup(CRSVTool& tool, CRSVGroup* parent, const char* name) {
   CRSVGroup* g = tool.OpenGroup(parent, name);
   return g != nullptr ? g : tool.CreateGroup(parent, name);
@@ -110,26 +105,40 @@ CRSVGroup* OpenOrCreateGroup(CRSVTool& tool, CRSVGroup* parent, const char* name
 
 // Buffers of the time arrays are sized from the list in memory, never from the
 // dimensions a file claims: a damaged or hostile file must not make the
-// library allocate or fill gigabytes. A list is stored as (count, 1).
+// library allocate or fill gigabytes. A list is stored as (count, 1); an array
+// of another width holds the times row by row, and a row wider than
+// kMaxOutputTimes values is taken for damage and left alone.
+
+// Whole rows of `cols` values that hold `values` values.
+std::uint64_t RowsFor(std::uint64_t values, std::uint64_t cols) {
+  return (values + cols - 1) / cols;
+}
+
+bool UsableTimeArray(CRSVArray& array, std::uint64_t* rows, std::uint64_t* cols) {
+  return array.GetDimension(rows, cols) == 0 && *cols != 0 &&
+         *cols <= static_cast<std::uint64_t>(kMaxOutputTimes) &&
+         array.GetElementType() == NVX3DRSVExTool::kRSVTypeDouble;
+}
 
 void WriteTimeArray(CRSVTool& tool, CRSVGroup* group, const Key& key) {
   const OutputTimes& block = key.As<OutputTimes>();
+  // The count, as far as the list backs it with times.
+  const std::uint64_t n = block.Written();
   CRSVGroup* steps = OpenOrCreateGroup(tool, group, kTimeStepGroup);
   if (steps == nullptr) return;
   CRSVArray* array = tool.OpenArray(steps, key.name);
   if (array == nullptr) {
-    array = tool.CreateArray(steps, key.name, NVX3DRSVExTool::kRSVTypeDouble, Rows(block), 1);
+    array = tool.CreateArray(steps, key.name, NVX3DRSVExTool::kRSVTypeDouble, n, 1);
   }
   if (array != nullptr) {
-    // An existing array keeps its dimensions; the times go into its first rows,
-    // as many as both the count and the array allow.
+    // An existing array keeps its dimensions; the times go into its first
+    // values, as many as both the count and the array allow.
     std::uint64_t rows = 0, cols = 0;
-    if (array->GetDimension(&rows, &cols) == 0 && cols == 1 &&
-        array->GetElementType() == NVX3DRSVExTool::kRSVTypeDouble) {
-      const std::uint64_t n = std::min(Rows(block), rows);
-      std::vector<double> buffer(static_cast<std::size_t>(n), 0.0);
-      for (std::uint64_t i = 0; i < n; ++i) buffer[i] = block.At(static_cast<long long>(i));
-      array->WriteRows(n, buffer.data());
+    if (UsableTimeArray(*array, &rows, &cols)) {
+      const std::uint64_t written = std::min(rows, RowsFor(n, cols));
+      std::vector<double> buffer(static_cast<std::size_t>(written * cols), 0.0);
+      std::copy_n(block.Times.begin(), std::min<std::size_t>(n, buffer.size()), buffer.begin());
+      array->WriteRows(written, buffer.data());
     }
     tool.CloseArray(array);
   }
@@ -143,17 +152,18 @@ void ReadTimeArray(CRSVTool& tool, CRSVGroup* group, const Key& key) {
   if (CRSVArray* array = tool.OpenArray(steps, key.name)) {
     std::uint64_t rows = 0, cols = 0;
     // The number of times comes from the count in memory, not from the file;
-    // the file's dimensions only limit how many of them it can supply.
-    const std::uint64_t wanted = Rows(block);
-    if (wanted != 0 && array->GetDimension(&rows, &cols) == 0 && cols == 1 &&
-        array->GetElementType() == NVX3DRSVExTool::kRSVTypeDouble) {
+    // the file's dimensions only limit how many of them it can supply. They
+    // are its first values, row by row.
+    const std::uint64_t wanted = block.Count > 0 ? static_cast<std::uint64_t>(block.Count) : 0;
+    if (wanted != 0 && UsableTimeArray(*array, &rows, &cols)) {
       // Times past the list's end are never stored (the copy below throws at
       // the first of them), so the buffer needs no more than the list holds.
       const std::uint64_t held = std::min<std::uint64_t>(wanted, block.Times.size());
-      std::vector<double> buffer(static_cast<std::size_t>(held), 0.0);
-      if (array->ReadRows(std::min(held, rows), buffer.data()) == 0) {
+      const std::uint64_t read = std::min(rows, RowsFor(held, cols));
+      std::vector<double> buffer(static_cast<std::size_t>(read * cols), 0.0);
+      if (array->ReadRows(read, buffer.data()) == 0) {
         for (std::uint64_t i = 0; i < wanted; ++i) {
-          block.At(static_cast<long long>(i)) = i < held ? buffer[i] : 0.0;
+          block.At(static_cast<long long>(i)) = i < buffer.size() ? buffer[i] : 0.0;
         }
       }
     }
@@ -300,13 +310,10 @@ void ReadParameterTables(CRSVTool& tool, CRSVGroup* group, CNVX3DComputationImpl
 }
 
 void SizeTimesFromTable(const SectionDef& def, CRSVTable& table, CNVX3DComputationImpl& impl) {
-  // More output times than any solver takes: a damaged count allocates little.
-  constexpr int kMaxTimes = 1000000;
   for (const Key& key : def.keys(impl)) {
     if (key.kind != KeyKind::kTimes || (key.use & kRsvWrite) == 0) continue;
     int count = 0;
-    if (table.GetItem(key.name, &count))
-      key.As<OutputTimes>().SetCount(std::clamp(count, 0, kMaxTimes));
+    if (table.GetItem(key.name, &count)) key.As<OutputTimes>().SetFromFile(count, {});
   }
 }
 

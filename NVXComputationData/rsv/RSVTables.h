@@ -10,8 +10,8 @@
 
 namespace nvx {
 
-// Group of the time-step arrays beside the tables (the name is spelt so).
-inline constexpr const char kTimeStepGroup[] = "Time_Stemp";
+// The time-step arrays lie in the group kTimeStepGroup (core/OutputTimes.h)
+// beside the tables.
 
 // Writes every table in the write order into the parameter group.
 void WriteParameterTables(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,
@@ -32,15 +32,17 @@ void WriteSectionTable(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup
 // value of the item of the same type read before it (or zero).
 //
 // Time-step arrays are read with the count already in memory, never resizing
-// the list: values are copied into the existing list by index, and an index
-// past its end throws std::out_of_range.
+// the list: the array's first values (row by row, whatever its width) are
+// copied into the existing list by index, 0.0 past what the array holds, and
+// an index past the list's end throws std::out_of_range.
 void ReadSectionTable(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,
                       const SectionDef& def, CNVX3DComputationImpl& impl);
 
 // Sizes every output-time block of `def` to the count stored in its open
-// `table` (clamped to 0..1000000), as the KRN file read before an RSV read
-// normally does: the time arrays are read with the count in memory. For
-// readers of an RSV file on its own.
+// `table`, as the KRN file read before an RSV read normally does: the count is
+// kept as stored and the list holds that many times of 0.0 (at most
+// kMaxOutputTimes), since the time arrays are read with the count in memory.
+// For readers of an RSV file on its own.
 void SizeTimesFromTable(const SectionDef& def, NVX3DRSVExTool::CRSVTable& table,
                         CNVX3DComputationImpl& impl);
 

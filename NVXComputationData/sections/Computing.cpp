@@ -159,6 +159,12 @@ void SetMachineCount(CNVX3DRemoteMachines& record, std::int32_t count) {
   record.ValueNoMachine = length;
 }
 
+void SetMachineCountFromFile(CNVX3DRemoteMachines& record, std::int32_t count) {
+  const std::int32_t length = std::max<std::int32_t>(count, 0);
+  record.ValueMachineSetting.resize(static_cast<std::size_t>(std::min(length, kMaxRemoteMachines)));
+  record.ValueNoMachine = length;
+}
+
 std::int32_t DerivedTaskCount(const CNVX3DComputationImpl& impl) {
   const CNVX3DTaskManager* task = impl.sections.taskManager.get();
   const CNVX3DRemoteMachines* remote = impl.sections.remoteMachines.get();

@@ -5,10 +5,11 @@
 // machine, remote machines or a computing manager) and with how many tasks.
 //
 // Choices of this implementation where the file formats leave room:
-// - The machine list always holds ValueNoMachine entries. A negative count
-//   empties the list and is stored as 0. A count read from a KRN file is bounded
-//   by the lines left in its section, one read from an RSV file by
-//   kMaxRemoteMachines, so a damaged file never allocates without bound.
+// - The machine list holds ValueNoMachine entries. A negative count empties
+//   the list and is stored as 0. A count read from a KRN or an RSV file is
+//   kept as it stands, but the list it sizes stops at kMaxRemoteMachines
+//   entries, so a damaged file never allocates without bound; writers then
+//   emit the machines the list holds.
 // - ValueLocalHost starts as "localhost".
 // - The three sections are written by the document writers' lists like any
 //   other: the model-kind writer for solid models always writes them, so a new
@@ -40,7 +41,8 @@ struct CNVX3DTaskManager {
 
 struct CNVX3DRemoteMachines {
   std::int32_t Version = 1004;
-  // Always the length of ValueMachineSetting.
+  // The length of ValueMachineSetting, except after a file whose count
+  // exceeded kMaxRemoteMachines: the list then stops there.
   std::int32_t ValueNoMachine = 1;
   std::int32_t ValueRemoteNoTask = 1;
   std::string ValueMap;
@@ -62,8 +64,8 @@ struct CNVX3DComputingManager {
 
 namespace nvx {
 
-// More remote machines than any run distributes to; bounds a count read from
-// an RSV file.
+// More remote machines than any run distributes to: bounds the machine list a
+// count read from a file allocates, and what the text form takes.
 inline constexpr std::int32_t kMaxRemoteMachines = 4096;
 
 extern const SectionDef kTaskManagerSection;
@@ -76,6 +78,10 @@ extern const SectionDef kMachineSettingTables;
 // defaults of RemoteParm, surplus ones dropped from the end) and stores that
 // length as ValueNoMachine.
 void SetMachineCount(CNVX3DRemoteMachines& record, std::int32_t count);
+
+// A count as a file stores it: stored as max(count, 0), and the list resized
+// as above but to no more than kMaxRemoteMachines entries.
+void SetMachineCountFromFile(CNVX3DRemoteMachines& record, std::int32_t count);
 
 // The task count files carry for "ValueNoTask": the count of the way of
 // running IDTaskMode chooses; 0 for any other mode or a missing record.

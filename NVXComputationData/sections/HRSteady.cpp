@@ -15,7 +15,8 @@
 namespace nvx {
 namespace {
 
-// More gates than any hot-runner system has; bounds what a command line sets.
+// More gates than any hot-runner system has: bounds what a command line sets,
+// the gate list a count read from a file allocates and the gate lines written.
 constexpr std::int32_t kMaxGateLines = 100000;
 
 bool IsGateNumber(std::string_view token) {
@@ -30,19 +31,15 @@ void WriteGateCount(const Key& key, KrnStream& out) {
   out.Text(key.name).Text(" = ").Int(key.As<CNVX3DHRSteady>().ValueNoHRGate).EndLine();
 }
 
-// The count sizes the gate list. It is trusted only as far as the section
-// holds gate lines after it: a larger count is cut to the lines present, so a
-// malformed file neither allocates without bound nor makes the next write
-// emit lines it never held.
+// The count is kept as the file gives it and sizes the gate list (never past
+// kMaxGateLines entries); the gate lines that follow fill it, and a gate the
+// section gives no line for keeps zeros.
 std::size_t ReadGateCount(const Key& key, std::string_view, std::string_view value,
-                          const std::string* next, const std::string* end) {
+                          const std::string*, const std::string*) {
   CNVX3DHRSteady& r = key.As<CNVX3DHRSteady>();
-  std::int32_t present = 0;
-  for (const std::string* line = next; line != end; ++line) {
-    if (IsGateNumber(SplitKeyValue(*line).key)) ++present;
-  }
-  r.ValueNoHRGate = std::min(ParseInt(value), present);
-  r.Gates.resize(static_cast<std::size_t>(std::max(r.ValueNoHRGate, 0)), CNVX3DHRGate{});
+  r.ValueNoHRGate = ParseInt(value);
+  r.Gates.resize(static_cast<std::size_t>(std::clamp(r.ValueNoHRGate, 0, kMaxGateLines)),
+                 CNVX3DHRGate{});
   return 0;
 }
 
@@ -70,11 +67,13 @@ const CustomOps kGateCountOps = {WriteGateCount, ReadGateCount,   nullptr,
 // Line i carries the selected value of gate i-1. A gate missing from the list,
 // or a gate type other than 0 and 1, repeats the value written last, which for
 // the first line is ValueConvergenceCriteria. Kept as it is: solvers read the
-// lines so.
+// lines so. A count past kMaxGateLines writes no more lines than that, so a
+// damaged count cannot make a write run without end.
 void WriteGateLines(const Key& key, KrnStream& out) {
   CNVX3DHRSteady& r = key.As<CNVX3DHRSteady>();
   double last = r.ValueConvergenceCriteria;
-  for (std::int32_t i = 1; i <= r.ValueNoHRGate; ++i) {
+  const std::int32_t lines = std::min(r.ValueNoHRGate, kMaxGateLines);
+  for (std::int32_t i = 1; i <= lines; ++i) {
     if (const double* v = GateValue(r, i - 1, r.ValueHRGateType)) last = *v;
     out.Int(i).Text(" = ").Double(last).EndLine();
   }

@@ -6,7 +6,7 @@
 
 #include "NVX3DRSVExTool.h"
 #include "core/NVX3DComputationImpl.h"
-#include "rsv/RSVTables.h"
+#include "core/OutputTimes.h"
 #include "sections/ValueText.h"
 
 using NVX3DRSVExTool::CRSVArray;
@@ -24,21 +24,21 @@ void ApplyICModeThree(CNVX3DSolidIC& r) {
 namespace {
 
 constexpr char kPaddleTable[] = "IC_PADDLE_SHIFT_OUTPUT_TIMES";
-// More rows than any solver writes; a larger stored array is not read.
-constexpr std::uint64_t kMaxArrayRows = 1000000;
 
 // ---- The paddle-shift time array ------------------------------------------------
 //
 // The times go into the array " IC_PADDLE_SHIFT_OUTPUT_TimeStep" (the leading
 // blank is part of its name) of the "Time_Stemp" group, count rows by one
-// column. An existing array keeps its dimensions: rows past the count are
-// written as zeros.
+// column. An existing array keeps its dimensions: its values past the times
+// are written as zeros (an array too large for that gets only the rows that
+// hold times).
 //
 // Reading needs no count in memory: the count item was read into the block
-// just before (through the table's scratch int); the list becomes the first
-// count values of the array, and a count larger than the array's rows is cut
-// to the rows present. Nothing is read when the table itself is missing, and a
-// missing array reads as one of no rows.
+// just before (through the table's scratch int) and is kept as it stands; the
+// list becomes the array's first values, row by row whatever its width, and
+// 0.0 for each time the array does not hold, never more than kMaxOutputTimes
+// of them. Nothing is read when the table itself is missing, and a missing
+// array reads as one of no rows.
 
 OutputTimes& TimesOf(const Key& key) { return key.As<OutputTimes>(); }
 
@@ -52,37 +52,56 @@ CRSVGroup* OpenOrCreateGroup(CRSVTool& tool, CRSVGroup* parent, const char* name
   return g != nullptr ? g : tool.CreateGroup(parent, name);
 }
 
+// Whole rows of `cols` values that hold `values` values.
+std::uint64_t RowsFor(std::uint64_t values, std::uint64_t cols) {
+  return (values + cols - 1) / cols;
+}
+
+// The array's dimensions, when it holds doubles in rows no wider than a list
+// of times can be: a wider row is taken for damage and left alone.
+bool UsableArray(CRSVArray& array, std::uint64_t* rows, std::uint64_t* cols) {
+  return array.GetDimension(rows, cols) == 0 && *cols != 0 &&
+         *cols <= static_cast<std::uint64_t>(kMaxOutputTimes) &&
+         array.GetElementType() == NVX3DRSVExTool::kRSVTypeDouble;
+}
+
 void WritePaddleArray(const Key& key, CRSVTool& tool, CRSVGroup* group) {
   const OutputTimes& block = TimesOf(key);
-  const std::uint64_t count = block.Count > 0 ? static_cast<std::uint64_t>(block.Count) : 0;
+  // The count, as far as the list backs it with times.
+  const std::uint64_t n = block.Written();
   CRSVGroup* steps = OpenOrCreateGroup(tool, group, kTimeStepGroup);
   if (steps == nullptr) return;
   CRSVArray* array = tool.OpenArray(steps, key.name);
   if (array == nullptr) {
-    array = tool.CreateArray(steps, key.name, NVX3DRSVExTool::kRSVTypeDouble, count, 1);
+    array = tool.CreateArray(steps, key.name, NVX3DRSVExTool::kRSVTypeDouble, n, 1);
   }
   if (array != nullptr) {
     std::uint64_t rows = 0, cols = 0;
-    array->GetDimension(&rows, &cols);
-    std::vector<double> buffer(std::max(rows * cols, count), 0.0);
-    for (std::uint64_t i = 0; i < count; ++i) buffer[i] = block.At(static_cast<long long>(i));
-    array->WriteArray(buffer.data());
+    if (UsableArray(*array, &rows, &cols)) {
+      const std::uint64_t maxRows = static_cast<std::uint64_t>(kMaxOutputTimes) / cols;
+      const std::uint64_t written = rows <= maxRows ? rows : std::min(rows, RowsFor(n, cols));
+      std::vector<double> buffer(static_cast<std::size_t>(written * cols), 0.0);
+      std::copy_n(block.Times.begin(), std::min<std::size_t>(n, buffer.size()), buffer.begin());
+      array->WriteRows(written, buffer.data());
+    }
     tool.CloseArray(array);
   }
   tool.CloseGroup(steps);
 }
 
-std::vector<double> ReadArrayValues(CRSVTool& tool, CRSVGroup* group, const char* name) {
+// The first `wanted` values of the array, or fewer when it holds fewer.
+std::vector<double> ReadArrayValues(CRSVTool& tool, CRSVGroup* group, const char* name,
+                                    std::size_t wanted) {
   std::vector<double> values;
   CRSVGroup* steps = tool.OpenGroup(group, kTimeStepGroup);
   if (steps == nullptr) return values;
   if (CRSVArray* array = tool.OpenArray(steps, name)) {
     std::uint64_t rows = 0, cols = 0;
-    array->GetDimension(&rows, &cols);
-    if (array->GetElementType() == NVX3DRSVExTool::kRSVTypeDouble && cols == 1 &&
-        rows <= kMaxArrayRows) {
-      values.resize(static_cast<std::size_t>(rows));
-      if (!values.empty() && array->ReadArray(values.data()) != 0) values.clear();
+    if (wanted != 0 && UsableArray(*array, &rows, &cols)) {
+      const std::uint64_t read = std::min(rows, RowsFor(wanted, cols));
+      values.resize(static_cast<std::size_t>(read * cols));
+      if (array->ReadRows(read, values.data()) != 0) values.clear();
+      if (values.size() > wanted) values.resize(wanted);
     }
     tool.CloseArray(array);
   }
@@ -95,14 +114,9 @@ void ReadPaddleArray(const Key& key, CRSVTool& tool, CRSVGroup* group) {
   if (table == nullptr) return;
   tool.CloseTable(table);
   OutputTimes& block = TimesOf(key);
-  std::vector<double> values = ReadArrayValues(tool, group, key.name);
-  if (block.Count <= 0) {
-    block.Times.clear();
-    return;
-  }
-  if (static_cast<std::uint64_t>(block.Count) < values.size()) values.resize(block.Count);
-  block.Count = static_cast<std::int32_t>(values.size());
-  block.Times = std::move(values);
+  const std::size_t wanted =
+      static_cast<std::size_t>(std::clamp<std::int32_t>(block.Count, 0, kMaxOutputTimes));
+  block.SetFromFile(block.Count, ReadArrayValues(tool, group, key.name, wanted));
 }
 
 const CustomOps kPaddleArrayOps = [] {
@@ -151,7 +165,7 @@ KeyList PaddleKeys(CNVX3DComputationImpl& impl) {
       // "Intermedite" is spelt so in both files.
       Field("ValueCheckIntermediteTimeSpan", r.PaddleValueCheckIntermediteTimeSpan),
       // The count item is written here and read back by the array key below,
-      // which sizes the list from the stored array.
+      // which fills the list from the stored array.
       Times("ValueNoPaddleShiftTime", r.PaddleTimes).Use(kKrn | kRsvWrite),
       // The leading blank is part of the array's name.
       Custom(" IC_PADDLE_SHIFT_OUTPUT_TimeStep", &r.PaddleTimes, kPaddleArrayOps).Use(kRsv),

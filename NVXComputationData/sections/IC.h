@@ -7,8 +7,8 @@
 // "FlagWireSweepNonLinearOption" in both files (see IC.cpp).
 //
 // Decision of this library where the format is silent: reading the paddle
-// times from RSV sizes the list from the stored array, and a count larger than
-// the array's rows is cut to the rows present, so count and list stay in step.
+// times from RSV keeps the stored count item and fills the list from the
+// stored array, 0.0 for each time the array does not hold.
 #ifndef NVX_SECTIONS_IC_H_
 #define NVX_SECTIONS_IC_H_
 

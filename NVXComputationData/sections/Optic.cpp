@@ -6,7 +6,6 @@
 
 #include "NVX3DRSVExTool.h"
 #include "core/NVX3DComputationImpl.h"
-#include "core/Subscript.h"
 #include "krn/KRNLine.h"
 #include "krn/KRNStream.h"
 #include "sections/ValueText.h"
@@ -28,9 +27,9 @@ namespace {
 //
 // KRN: "ValueOpticLightDirection = n", then for i from 1 to n the row
 // "i= x y z" (no blank before the sign: the rows are written so). The rows
-// follow the stored count, not the list: a list shorter than a positive count
-// throws "invalid vector<T> subscript" at the first missing row, except an
-// empty list, which writes no rows at all.
+// follow the stored count as far as the list holds directions: a list shorter
+// than the count writes the rows it has and no more, so a count a host or a
+// file left above the list never makes a write fail.
 //
 // Reading stores the count and, when it is positive, takes that many of the
 // following lines (never more than the section holds): for line k, everything
@@ -42,20 +41,37 @@ namespace {
 // doubles). No block is written for a count below 1. On reading, each whole
 // 24 bytes of the block is set at its index; trailing bytes are ignored, and a
 // missing block sets nothing.
+//
+// After either reader the list holds at least as many directions as the count
+// asks for, (0, 0, 0) standing for those the file does not give; neither
+// reader lets the list grow past kMaxLightDirections.
 
 constexpr char kXyzItem[] = "XYZ";
 constexpr std::size_t kDirectionBytes = 3 * sizeof(double);
+
+// More light directions than any optical evaluation uses; the text form takes
+// no more either.
+constexpr std::size_t kMaxLightDirections = kMaxTuples;
 
 CNVX3DSolidOptic& OpticOf(const Key& key) { return key.As<CNVX3DSolidOptic>(); }
 
 void WriteDirectionsKrn(const Key& key, KrnStream& out) {
   const CNVX3DSolidOptic& r = OpticOf(key);
   out.Text(key.name).Text(" = ").Int(r.ValueOpticLightDirection).EndLine();
-  if (r.Directions.empty()) return;
-  for (std::int32_t i = 1; i <= r.ValueOpticLightDirection; ++i) {
-    const CNVX3DLightDirection& d = At(r.Directions, i - 1);
-    out.Int(i).Text("= ").Double(d.X).Text(" ").Double(d.Y).Text(" ").Double(d.Z).EndLine();
+  const std::size_t rows = std::min(
+      r.Directions.size(), static_cast<std::size_t>(std::max(r.ValueOpticLightDirection, 0)));
+  for (std::size_t i = 0; i < rows; ++i) {
+    const CNVX3DLightDirection& d = r.Directions[i];
+    out.Int(static_cast<std::int64_t>(i) + 1).Text("= ").Double(d.X).Text(" ").Double(d.Y);
+    out.Text(" ").Double(d.Z).EndLine();
   }
+}
+
+// Pads the list with (0, 0, 0) up to the stored count, within the bound.
+void FillToCount(CNVX3DSolidOptic& r) {
+  const std::size_t wanted = std::min(
+      static_cast<std::size_t>(std::max(r.ValueOpticLightDirection, 0)), kMaxLightDirections);
+  if (r.Directions.size() < wanted) r.Directions.resize(wanted);
 }
 
 std::size_t ReadDirectionsKrn(const Key& key, std::string_view, std::string_view value,
@@ -65,7 +81,7 @@ std::size_t ReadDirectionsKrn(const Key& key, std::string_view, std::string_view
   if (r.ValueOpticLightDirection <= 0) return 0;
   const std::size_t taken = std::min(static_cast<std::size_t>(r.ValueOpticLightDirection),
                                      static_cast<std::size_t>(end - next));
-  for (std::size_t k = 0; k < taken; ++k) {
+  for (std::size_t k = 0; k < std::min(taken, kMaxLightDirections); ++k) {
     std::string_view rest = next[k];
     const std::size_t eq = rest.find('=');
     rest = eq == std::string_view::npos ? std::string_view() : rest.substr(eq + 1);
@@ -75,6 +91,7 @@ std::size_t ReadDirectionsKrn(const Key& key, std::string_view, std::string_view
     d.Z = ParseDouble(NextToken(rest, " "));
     SetLightDirection(r, static_cast<int>(k), d);
   }
+  FillToCount(r);
   return taken;
 }
 
@@ -97,13 +114,16 @@ void GetDirectionItems(const Key& key, NVX3DRSVExTool::CRSVTable& table, RsvScra
   r.ValueOpticLightDirection = scratch.i;
   std::uint64_t size = 0;
   const void* bytes = nullptr;
-  if (!table.GetItem(kXyzItem, &size, &bytes) || bytes == nullptr) return;
-  const auto* p = static_cast<const unsigned char*>(bytes);
-  for (std::uint64_t k = 0; k < size / kDirectionBytes; ++k) {
-    double xyz[3];
-    std::memcpy(xyz, p + k * kDirectionBytes, kDirectionBytes);
-    SetLightDirection(r, static_cast<int>(k), CNVX3DLightDirection{xyz[0], xyz[1], xyz[2]});
+  if (table.GetItem(kXyzItem, &size, &bytes) && bytes != nullptr) {
+    const auto* p = static_cast<const unsigned char*>(bytes);
+    const std::uint64_t n = std::min<std::uint64_t>(size / kDirectionBytes, kMaxLightDirections);
+    for (std::uint64_t k = 0; k < n; ++k) {
+      double xyz[3];
+      std::memcpy(xyz, p + k * kDirectionBytes, kDirectionBytes);
+      SetLightDirection(r, static_cast<int>(k), CNVX3DLightDirection{xyz[0], xyz[1], xyz[2]});
+    }
   }
+  FillToCount(r);
 }
 
 // Shown as "n: (x,y,z), ...": the stored count, then every direction of the

@@ -5,10 +5,11 @@
 //
 // The direction count "ValueOpticLightDirection" is stored apart from the
 // direction list and the list operations never update it; hosts keep the two
-// in step. Decisions of this library where the format is silent: a positive
-// count with an empty list writes no direction rows; an RSV write with a list
-// shorter than the count stores only the directions the list holds; deleting
-// an index outside the list removes nothing.
+// in step. Decisions of this library where the format is silent: a list
+// shorter than a positive count writes only the direction rows (KRN) or the
+// directions (RSV) the list holds; a file's count larger than the directions it
+// gives fills the list with (0, 0, 0) up to the count; deleting an index
+// outside the list removes nothing.
 #ifndef NVX_SECTIONS_OPTIC_H_
 #define NVX_SECTIONS_OPTIC_H_
 

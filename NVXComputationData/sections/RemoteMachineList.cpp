@@ -10,7 +10,6 @@
 
 #include "NVX3DRSVExTool.h"
 #include "core/NVX3DComputationImpl.h"
-#include "core/Subscript.h"
 #include "krn/KRNLine.h"
 #include "krn/KRNStream.h"
 
@@ -45,6 +44,13 @@ std::size_t RowsToRead(const CNVX3DRemoteMachines& r, const std::string* next,
   return std::min(left, static_cast<std::size_t>(std::max<std::int32_t>(r.ValueNoMachine, 0)));
 }
 
+// The machines a writer emits: the count, as far as the list holds machines
+// (it stops at kMaxRemoteMachines after a larger count read from a file).
+std::size_t MachinesWritten(const CNVX3DRemoteMachines& r) {
+  return std::min(r.ValueMachineSetting.size(),
+                  static_cast<std::size_t>(std::max<std::int32_t>(r.ValueNoMachine, 0)));
+}
+
 bool RowNumberIs(std::string_view line, std::size_t k, std::string_view* rest) {
   *rest = line;
   return ParseInt(NextToken(*rest, " =")) == static_cast<std::int64_t>(k);
@@ -56,13 +62,11 @@ void WriteCountKrn(const Key& key, KrnStream& out) {
   out.Text(key.name).Text("=").Int(RecordOf(key).ValueNoMachine).EndLine();
 }
 
-// The rows of a larger count could not fit in the section, so the lines left
-// bound the list a damaged count asks for.
+// The count is kept as the file gives it; machines the rows do not give keep
+// the defaults of a new entry.
 std::size_t ReadCountKrn(const Key& key, std::string_view, std::string_view value,
-                         const std::string* next, const std::string* end) {
-  const auto left = static_cast<std::int64_t>(end - next);
-  SetMachineCount(RecordOf(key),
-                  static_cast<std::int32_t>(std::min<std::int64_t>(ParseInt(value), left)));
+                         const std::string*, const std::string*) {
+  SetMachineCountFromFile(RecordOf(key), ParseInt(value));
   return 0;
 }
 
@@ -72,7 +76,7 @@ void SetCountItem(const Key& key, CRSVTable& table) {
 
 void GetCountItem(const Key& key, CRSVTable& table, RsvScratch& scratch) {
   table.GetItem(key.name, &scratch.i);
-  SetMachineCount(RecordOf(key), std::min<std::int32_t>(scratch.i, kMaxRemoteMachines));
+  SetMachineCountFromFile(RecordOf(key), scratch.i);
 }
 
 std::string FormatCount(const Key& key) { return std::to_string(RecordOf(key).ValueNoMachine); }
@@ -99,9 +103,14 @@ bool ParseCount(const Key& key, const std::string& text, std::string* error) {
 void WriteRowsKrn(const Key& key, KrnStream& out) {
   const CNVX3DRemoteMachines& r = RecordOf(key);
   out.Text(key.name).Text("=").EndLine();
-  for (std::int32_t i = 0; i < r.ValueNoMachine; ++i) {
-    const RemoteParm& m = At(r.ValueMachineSetting, i);
-    out.Text(" ").Int(i + 1).Text(" = ").Text(m.ValueMachineName).Text("\t");
+  const std::size_t n = MachinesWritten(r);
+  for (std::size_t i = 0; i < n; ++i) {
+    const RemoteParm& m = r.ValueMachineSetting[i];
+    out.Text(" ")
+        .Int(static_cast<std::int64_t>(i) + 1)
+        .Text(" = ")
+        .Text(m.ValueMachineName)
+        .Text("\t");
     out.Int(m.ValueMachineJob).Text("\t ").Text(m.ValueMachinePath).EndLine();
   }
 }
@@ -130,7 +139,8 @@ std::size_t ReadRowsKrn(const Key& key, std::string_view, std::string_view, cons
   for (std::size_t k = 1; k <= n; ++k) {
     std::string_view rest;
     if (RowNumberIs(next[k - 1], k, &rest)) last = ParseRow(next[k - 1]);
-    At(r.ValueMachineSetting, static_cast<long long>(k - 1)) = last;
+    // Rows past the list's bound are consumed but not kept.
+    if (k <= r.ValueMachineSetting.size()) r.ValueMachineSetting[k - 1] = last;
   }
   return n;
 }
@@ -140,9 +150,10 @@ std::size_t ReadRowsKrn(const Key& key, std::string_view, std::string_view, cons
 void WriteWeightsKrn(const Key& key, KrnStream& out) {
   const CNVX3DRemoteMachines& r = RecordOf(key);
   out.Text(key.name).Text(" = ").EndLine();
-  for (std::int32_t i = 0; i < r.ValueNoMachine; ++i) {
-    out.Text(" ").Int(i + 1).Text(" = ");
-    out.Double(At(r.ValueMachineSetting, i).ValueMachineWeighting).EndLine();
+  const std::size_t n = MachinesWritten(r);
+  for (std::size_t i = 0; i < n; ++i) {
+    out.Text(" ").Int(static_cast<std::int64_t>(i) + 1).Text(" = ");
+    out.Double(r.ValueMachineSetting[i].ValueMachineWeighting).EndLine();
   }
 }
 
@@ -152,9 +163,8 @@ std::size_t ReadWeightsKrn(const Key& key, std::string_view, std::string_view,
   const std::size_t n = RowsToRead(r, next, end);
   for (std::size_t k = 1; k <= n; ++k) {
     std::string_view rest;
-    if (!RowNumberIs(next[k - 1], k, &rest)) continue;
-    At(r.ValueMachineSetting, static_cast<long long>(k - 1)).ValueMachineWeighting =
-        ParseDouble(NextToken(rest, " ="));
+    if (!RowNumberIs(next[k - 1], k, &rest) || k > r.ValueMachineSetting.size()) continue;
+    r.ValueMachineSetting[k - 1].ValueMachineWeighting = ParseDouble(NextToken(rest, " ="));
   }
   return n;
 }
@@ -170,8 +180,9 @@ std::string ShortestDouble(double v) {
 std::string FormatRows(const Key& key) {
   const CNVX3DRemoteMachines& r = RecordOf(key);
   std::string text = std::to_string(r.ValueNoMachine);
-  for (std::int32_t i = 0; i < r.ValueNoMachine; ++i) {
-    const RemoteParm& m = At(r.ValueMachineSetting, i);
+  const std::size_t n = MachinesWritten(r);
+  for (std::size_t i = 0; i < n; ++i) {
+    const RemoteParm& m = r.ValueMachineSetting[i];
     text += (i == 0 ? ": " : "; ") + m.ValueMachineName + "|" + m.ValueMachinePath + "|" +
             std::to_string(m.ValueMachineJob) + "|" + ShortestDouble(m.ValueMachineWeighting);
   }
@@ -357,12 +368,11 @@ constexpr CustomOps kParallelFolderOps = FolderOps();
 void WriteMachineTables(CRSVTool& tool, CRSVGroup* group, CNVX3DComputationImpl& impl) {
   const CNVX3DRemoteMachines* r = impl.sections.remoteMachines.get();
   if (r == nullptr) return;
-  // A count above the list's length fails before anything is written.
-  if (r->ValueNoMachine > 0) At(r->ValueMachineSetting, r->ValueNoMachine - 1);
   CRSVGroup* machines = tool.OpenGroup(group, kMachineGroup);
   if (machines == nullptr) machines = tool.CreateGroup(group, kMachineGroup);
   if (machines == nullptr) return;
-  for (std::int32_t i = 0; i < r->ValueNoMachine; ++i) {
+  const auto n = static_cast<std::int32_t>(MachinesWritten(*r));
+  for (std::int32_t i = 0; i < n; ++i) {
     const RemoteParm& m = r->ValueMachineSetting[static_cast<std::size_t>(i)];
     const std::string name = MachineTableName(i);
     CRSVTable* table = tool.OpenTable(machines, name);

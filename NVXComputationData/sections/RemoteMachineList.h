@@ -8,7 +8,8 @@
 
 namespace nvx {
 
-// "ValueNoMachine": the machine count; reading or setting it resizes the list.
+// "ValueNoMachine": the machine count; reading or setting it resizes the list
+// (a count read from a file to no more than kMaxRemoteMachines entries).
 // Text form: a whole number from 0 to kMaxRemoteMachines.
 extern const CustomOps kMachineCountOps;
 
@@ -28,9 +29,9 @@ extern const CustomOps kParallelFolderOps;
 
 // The group "ValueMachineSetting" with the tables "ValueMachine-0",
 // "ValueMachine-1", ... (items "ValueMachineName", "ValueMachinePath",
-// "ValueMachineJob", "ValueMachineWeighting"), one per machine below the count.
-// Tables of higher indices are left as they are; a missing group or table
-// leaves its entries unchanged.
+// "ValueMachineJob", "ValueMachineWeighting"), one per machine below the count
+// that the list holds. Tables of higher indices are left as they are; a
+// missing group or table leaves its entries unchanged.
 void WriteMachineTables(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,
                         CNVX3DComputationImpl& impl);
 void ReadMachineTables(NVX3DRSVExTool::CRSVTool& tool, NVX3DRSVExTool::CRSVGroup* group,

@@ -116,19 +116,27 @@ namespace {
 // writes the count -1 and no point lines. The prefix is the key's name less
 // "Count".
 //
-// Reading takes the next n lines whatever they hold: everything up to the first
-// "=" is dropped (the point number is not looked at, the order of the lines
-// decides) and the next two tokens split at blanks or tabs are the values; a
-// line without "=" gives (0, 0). A count larger than the lines left in the
-// section takes only those lines; a count of 0 or less empties the curve.
+// Reading sets the point count first, then takes the next n lines whatever
+// they hold: everything up to the first "=" is dropped (the point number is
+// not looked at, the order of the lines decides) and the next two tokens split
+// at blanks or tabs are the values; a line without "=" gives (0, 0). A count
+// larger than the lines left in the section takes only those lines, and the
+// points they do not give are (0, 0); a count of 0 or less empties the curve.
 //
 // RSV: the raw-bytes item "MT", 16 bytes a point (first, second as doubles).
 // On reading, the length divided by 16 is the number of points and trailing
 // bytes of an odd-length block are ignored. The block goes through the table's
 // scratch: an item missing from the table reads as an empty block, emptying
 // the curve, just as a missing int item reads as the scratch int.
+//
+// Both readers give a curve at most kMaxCurvePoints points, whatever the count
+// or the block says.
 
 constexpr char kMtItem[] = "MT";
+
+// More points than any measured material curve has; the text form takes no
+// more either.
+constexpr std::size_t kMaxCurvePoints = kMaxTuples;
 
 std::string Prefix(const Key& key) {
   const std::string name = key.name;
@@ -172,17 +180,16 @@ void WriteCurveKrn(const Key& key, KrnStream& out) {
 std::size_t ReadCurveKrn(const Key& key, std::string_view, std::string_view value,
                          const std::string* next, const std::string* end) {
   const std::int32_t count = ParseInt(value);
-  const std::size_t available = static_cast<std::size_t>(end - next);
-  const std::size_t taken =
-      count > 0 ? std::min(static_cast<std::size_t>(count), available) : std::size_t{0};
-  std::vector<double> flat;
-  flat.reserve(2 * taken);
-  for (std::size_t i = 0; i < taken; ++i) {
+  const std::size_t wanted = count > 0 ? static_cast<std::size_t>(count) : 0;
+  const std::size_t taken = std::min(wanted, static_cast<std::size_t>(end - next));
+  const std::size_t points = std::min(wanted, kMaxCurvePoints);
+  std::vector<double> flat(2 * points, 0.0);
+  for (std::size_t i = 0; i < std::min(taken, points); ++i) {
     std::string_view rest = next[i];
     const std::size_t eq = rest.find('=');
     rest = eq == std::string_view::npos ? std::string_view() : rest.substr(eq + 1);
-    flat.push_back(ParseDouble(NextToken(rest, " \t")));
-    flat.push_back(ParseDouble(NextToken(rest, " \t")));
+    flat[2 * i] = ParseDouble(NextToken(rest, " \t"));
+    flat[2 * i + 1] = ParseDouble(NextToken(rest, " \t"));
   }
   SetPoints(ProfileOf(key), flat);
   return taken;
@@ -197,7 +204,8 @@ void GetCurveItem(const Key& key, NVX3DRSVExTool::CRSVTable& table, RsvScratch&)
   std::uint64_t size = 0;
   const void* bytes = nullptr;
   table.GetItem(kMtItem, &size, &bytes);
-  const std::uint64_t points = bytes != nullptr ? size / 16 : 0;
+  const std::uint64_t points =
+      bytes != nullptr ? std::min<std::uint64_t>(size / 16, kMaxCurvePoints) : 0;
   std::vector<double> flat(static_cast<std::size_t>(points * 2));
   if (!flat.empty()) std::memcpy(flat.data(), bytes, flat.size() * sizeof(double));
   SetPoints(ProfileOf(key), flat);
