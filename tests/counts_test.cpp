@@ -135,6 +135,9 @@ TEST_F(CountsTest, MachineCountWithoutRowsLoadsDefaultMachines) {
   EXPECT_EQ(fromRsv.GetRemoteValueNoMachine(n), 5000);
   fromKrn.GetRemoteValueMachineSetting(4095, m);
   fromRsv.GetRemoteValueMachineSetting(4095, m);
+  // The report beside the tables lists the machines the list holds.
+  fromKrn.SetRSVFilePath(dir_.File("big.rsv"));
+  EXPECT_TRUE(fromKrn.WriteRSVFile());
 }
 
 TEST_F(CountsTest, GateCountWithoutGateLinesIsWrittenBackInFull) {

@@ -1004,7 +1004,7 @@ class NVX_API CNVX3DComputation {
   // defaults of the model kind, and false).
   bool IsUsetDefinedExists();
   bool LoadUserDefineKRN();
-  // Remembers the default template (a path of 512 characters or more is
+  // Remembers the default template (a path of more than 512 characters is
   // ignored) and takes its two fibre values.
   void LoadGPDefaultTemplete(std::string path);
   // Page 0 fill/pack, 1 cooling, 2 warpage back to the default template's

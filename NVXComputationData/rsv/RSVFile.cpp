@@ -55,9 +55,11 @@ void ReadTables(const std::string& path, CNVX3DComputationImpl& impl) {
 
 }  // namespace
 
-// Only the documented out-of-range error of a time list leaves these two; a
-// file that would make the library run out of memory is a failed write or a
-// read that stops where it failed.
+// Only the documented out-of-range error of a time list read with a count
+// larger than its list leaves ReadRSVFile; writes emit what the lists hold, so
+// no count a file gave makes WriteRSVFile throw. A file that would make the
+// library run out of memory is a failed write or a read that stops where it
+// failed.
 bool CNVX3DComputation::WriteRSVFile() {
   if (m_pImpl == nullptr) return false;
   try {

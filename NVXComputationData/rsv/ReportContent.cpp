@@ -6,6 +6,9 @@
 // efficiency factor; row 7 is the host's flow-solver choice; rows 33, 35, 36
 // and 37 are the object's file-exists flag, its two advanced-filling state
 // bytes and its template-writing flag.
+#include <algorithm>
+#include <cstddef>
+
 #include "NVXPlatform.h"
 #include "core/NVX3DComputationImpl.h"
 #include "core/Subscript.h"
@@ -112,7 +115,11 @@ ReportContent GatherReport(const CNVX3DComputationImpl& impl) {
   content.sequence = Sequence(impl);
   content.taskManager = TaskManager(impl);
   const CNVX3DRemoteMachines& machines = *impl.sections.remoteMachines;
-  content.machineCount = machines.ValueNoMachine;
+  // One row per machine the list holds: a count read from a file may exceed
+  // the list's bound, and a report must never fail for it.
+  content.machineCount = static_cast<int>(
+      std::min<std::size_t>(static_cast<std::size_t>(std::max(machines.ValueNoMachine, 0)),
+                            machines.ValueMachineSetting.size()));
   content.machineName = [&machines](int i) {
     return At(machines.ValueMachineSetting, static_cast<long long>(i) - 1).ValueMachineName;
   };
