@@ -146,6 +146,9 @@ TEST_P(CrashFile, IsReportedAsCorruptInTimeAndLeftAlone) {
     }
     EXPECT_EQ(r.status, 2) << args[0];
     EXPECT_TRUE(reported) << args[0] << ": " << r.err;
+    // A file that hangs costs the guard's whole limit for every verb; one
+    // verb shows it.
+    if (seconds.count() >= 5) break;
   }
 }
 
