@@ -1,6 +1,9 @@
 // In-memory RSV files: the named images and the tool's hooks on the core driver.
 #include "RSVMemoryFiles.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdlib>
 #include <cstring>
 #include <map>
 #include <type_traits>
@@ -28,6 +31,43 @@ std::map<std::string, std::vector<unsigned char>>& Images() {
 const std::vector<unsigned char>* Find(const std::string& name) {
   const auto found = Images().find(name);
   return found == Images().end() ? nullptr : &found->second;
+}
+
+// The core driver grows a file's buffer by a fixed step, copying the whole
+// buffer each time; these callbacks make it grow by doubling, so that writing
+// a file of n bytes copies O(n) bytes. Each block keeps its capacity in a
+// header before the bytes HDF5 sees.
+constexpr std::size_t kHeader = alignof(std::max_align_t);
+
+void* AllocateImage(std::size_t capacity) {
+  auto* base = static_cast<unsigned char*>(std::malloc(kHeader + capacity));
+  if (base == nullptr) return nullptr;
+  std::memcpy(base, &capacity, sizeof capacity);
+  return base + kHeader;
+}
+
+void* ImageMalloc(std::size_t size, H5FD_file_image_op_t, void*) { return AllocateImage(size); }
+
+void* ImageMemcpy(void* dest, const void* src, std::size_t size, H5FD_file_image_op_t, void*) {
+  return std::memcpy(dest, src, size);
+}
+
+void* ImageRealloc(void* ptr, std::size_t size, H5FD_file_image_op_t, void*) {
+  if (ptr == nullptr) return AllocateImage(size);
+  unsigned char* base = static_cast<unsigned char*>(ptr) - kHeader;
+  std::size_t capacity = 0;
+  std::memcpy(&capacity, base, sizeof capacity);
+  if (size <= capacity) return ptr;
+  capacity = std::max(size, 2 * capacity);
+  base = static_cast<unsigned char*>(std::realloc(base, kHeader + capacity));
+  if (base == nullptr) return nullptr;
+  std::memcpy(base, &capacity, sizeof capacity);
+  return base + kHeader;
+}
+
+herr_t ImageFree(void* ptr, H5FD_file_image_op_t, void*) {
+  if (ptr != nullptr) std::free(static_cast<unsigned char*>(ptr) - kHeader);
+  return 0;
 }
 
 constexpr unsigned char kSignature[8] = {0x89, 'H', 'D', 'F', '\r', '\n', 0x1a, '\n'};
@@ -121,6 +161,9 @@ bool SetFileAccess(std::int64_t fapl, const std::string& name, bool create) {
   const std::vector<unsigned char>* image = Find(name);
   // The image grows in steps of 64 KiB and is never written to disk.
   if (H5Pset_fapl_core(fapl, 64 * 1024, false) < 0) return false;
+  H5FD_file_image_callbacks_t callbacks = {ImageMalloc, ImageMemcpy, ImageRealloc, ImageFree,
+                                           nullptr,     nullptr,     nullptr};
+  if (H5Pset_file_image_callbacks(fapl, &callbacks) < 0) return false;
   if (create) return image == nullptr;
   // HDF5 copies the image; an empty one would make it look for a file on disk.
   if (image == nullptr || image->empty()) return false;
