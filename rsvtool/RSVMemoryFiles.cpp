@@ -159,7 +159,7 @@ void Remove(const std::string& name) {
 
 bool SetFileAccess(std::int64_t fapl, const std::string& name, bool create) {
   const std::vector<unsigned char>* image = Find(name);
-  // The image grows in steps of 64 KiB and is never written to disk.
+  // Never written to disk; the buffer grows by at least 64 KiB, by doubling.
   if (H5Pset_fapl_core(fapl, 64 * 1024, false) < 0) return false;
   H5FD_file_image_callbacks_t callbacks = {ImageMalloc, ImageMemcpy, ImageRealloc, ImageFree,
                                            nullptr,     nullptr,     nullptr};
