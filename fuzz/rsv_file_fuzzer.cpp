@@ -1,33 +1,23 @@
-// libFuzzer target: the RSV reader over mutated files. HDF5 reads only files,
-// so each input is written to a file on a memory file system (/dev/shm when
-// it exists) and read back through the library's facade, into an object that
-// expects output times so that the time arrays are read too.
-#include <unistd.h>
-
+// libFuzzer target: the RSV reader over mutated files. Each input is an
+// in-memory file image read through the library's facade (HDF5 parses it as
+// it would a file on disk), into an object that expects output times so that
+// the time arrays are read too. Its findings are mostly faults of the HDF5
+// library itself; nvxparam reads files in a guarded child because of them.
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <stdexcept>
 #include <string>
 
 #include "NVX3DComputation.h"
-
-namespace {
-
-std::string InputPath() {
-  const char* dir = ::access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp";
-  return std::string(dir) + "/nvx_rsv_fuzz_" + std::to_string(::getpid()) + ".rsv";
-}
-
-}  // namespace
+#include "RSVMemoryFiles.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const std::string path = InputPath();
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  if (file == nullptr) std::abort();
-  if (size > 0 && std::fwrite(data, 1, size, file) != size) std::abort();
-  std::fclose(file);
+  // A name that exists nowhere on disk; the tool keeps the file in memory.
+  static const std::string path = [] {
+    NVX3DRSVExTool::memory_files::Enable(true);
+    return std::string("/nonexistent/nvx_rsv_fuzz.rsv");
+  }();
+  NVX3DRSVExTool::memory_files::Put(path, data, size);
 
   CNVX3DComputation c;
   c.SetFillOutputTimesSectionFillTimeSteps(4);

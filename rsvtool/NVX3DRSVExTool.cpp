@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "RSVHdf5.h"
+#include "RSVMemoryFiles.h"
 
 namespace NVX3DRSVExTool {
 
@@ -38,11 +39,17 @@ const std::vector<NumberedGroup>& NumberedGroups() {
 }
 
 // Objects of the 1.8 format at the least: their headers can move attributes to
-// dense storage, which large byte blocks and many items need.
-Hid FileAccess() {
+// dense storage, which large byte blocks and many items need. Invalid when
+// in-memory files are on and `path` cannot be created (exists) or opened
+// (does not) in memory.
+Hid FileAccess(const std::string& path, bool create) {
   Hid fapl = detail::PlistId(H5Pcreate(H5P_FILE_ACCESS));
   if (!fapl.valid() || H5Pset_libver_bounds(fapl.get(), H5F_LIBVER_V18, H5F_LIBVER_LATEST) < 0) {
     return {};
+  }
+  if (memory_files::Enabled()) {
+    if (!memory_files::SetFileAccess(fapl.get(), path, create)) return {};
+    return fapl;
   }
 #if (H5_VERS_MAJOR == 1 && H5_VERS_MINOR == 10 && H5_VERS_RELEASE >= 7) || \
     (H5_VERS_MAJOR == 1 && H5_VERS_MINOR == 12 && H5_VERS_RELEASE >= 1) || H5_VERSION_GE(1, 13, 0)
@@ -190,7 +197,7 @@ int CRSVTool::Create(const std::string& path, unsigned a, unsigned b, unsigned c
   std::error_code ec;
   if (std::filesystem::exists(std::filesystem::symlink_status(std::filesystem::u8path(path), ec)))
     return -1;
-  Hid fapl = FileAccess();
+  Hid fapl = FileAccess(path, true);
   Hid lapl = detail::InFileLinkAccess();
   if (!fapl.valid() || !lapl.valid()) return -1;
   Hid file(H5Fcreate(path.c_str(), H5F_ACC_EXCL, H5P_DEFAULT, fapl.get()), H5Fclose);
@@ -226,9 +233,11 @@ int CRSVTool::OpenFile(const std::string& path, bool writable) {
   if (m_state->file.valid()) Close();
   // Opening anything but an HDF5 file for writing would make it one (an empty
   // file gets a superblock), so the signature is checked first.
-  if (path.empty() || H5Fis_hdf5(path.c_str()) <= 0) return -1;
+  if (path.empty()) return -1;
+  if (memory_files::Enabled() ? !memory_files::IsHdf5Image(path) : H5Fis_hdf5(path.c_str()) <= 0)
+    return -1;
   detail::CheckSharedIds();
-  Hid fapl = FileAccess();
+  Hid fapl = FileAccess(path, false);
   Hid lapl = detail::InFileLinkAccess();
   if (!fapl.valid() || !lapl.valid()) return -1;
   Hid file;
@@ -257,6 +266,8 @@ int CRSVTool::Close() {
   s.linkAccess.Reset();
   if (s.file.valid()) {
     const hid_t file = s.file.Release();
+    // An in-memory file's image is all there is of it: kept before closing.
+    if (memory_files::Enabled() && !memory_files::KeepImage(file)) ++s.failures;
     // A failed close (a full disk while flushing) leaves HDF5 with a file it
     // has half taken apart; any further call on that identifier crashes, so
     // it is given up rather than closed again.

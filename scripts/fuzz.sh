@@ -57,7 +57,9 @@ case "$target" in
 esac
 corpus="$dir/corpus/$target"
 mkdir -p "$corpus" "$dir/findings"
-export ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=1:allocator_may_return_null=1}"
+# A small quarantine: freed memory is reused sooner, which spares the page
+# faults of fresh memory (HDF5 allocates and frees much for every file).
+export ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=1:allocator_may_return_null=1:quarantine_size_mb=16}"
 export LSAN_OPTIONS="${LSAN_OPTIONS:-suppressions=$PWD/fuzz/lsan.supp}"
 export UBSAN_OPTIONS="${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}"
 "$dir/bin/$target" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
