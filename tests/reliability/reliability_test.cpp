@@ -195,14 +195,23 @@ void ExpectTextsReadAsStr(const std::string& rsv, const std::string& creater) {
   EXPECT_EQ(std::system(check.c_str()), 0);
 }
 
-TEST(RsvFaults, RewritingTheSameParametersKeepsTheFileSize) {
+// An object saved once into a fresh RSV file of `first` bytes.
+class RsvRewrites : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    Prepare(c, dir.File("p.krn"));
+    c.SetRSVFilePath(rsv);
+    ASSERT_TRUE(c.WriteRSVFile());
+    first = nvx::platform::FileSize(rsv);
+  }
+
   TempDir dir;
   CNVX3DComputation c;
-  Prepare(c, dir.File("p.krn"));
   const std::string rsv = dir.File("p.rsv");
-  c.SetRSVFilePath(rsv);
-  ASSERT_TRUE(c.WriteRSVFile());
-  const std::int64_t first = nvx::platform::FileSize(rsv);
+  std::int64_t first = 0;
+};
+
+TEST_F(RsvRewrites, TheSameParametersKeepTheFileSize) {
   for (int i = 0; i < 1000; ++i) ASSERT_TRUE(c.WriteRSVFile());
   EXPECT_LE(nvx::platform::FileSize(rsv), 2 * first);
   ExpectTextsReadAsStr(rsv, std::string(2000, 'c'));
@@ -210,14 +219,7 @@ TEST(RsvFaults, RewritingTheSameParametersKeepsTheFileSize) {
 
 // A project file is saved thousands of times with texts that change each
 // time; the texts they replace must not pile up in the file.
-TEST(RsvFaults, RewritingChangedTextsKeepsTheFileSize) {
-  TempDir dir;
-  CNVX3DComputation c;
-  Prepare(c, dir.File("p.krn"));
-  const std::string rsv = dir.File("p.rsv");
-  c.SetRSVFilePath(rsv);
-  ASSERT_TRUE(c.WriteRSVFile());
-  const std::int64_t first = nvx::platform::FileSize(rsv);
+TEST_F(RsvRewrites, ChangedTextsKeepTheFileSize) {
   std::string creater;
   for (int i = 0; i < 1000; ++i) {
     const std::string n = std::to_string(i);
